@@ -1,0 +1,23 @@
+# Options every target of this project is compiled with: warnings are errors, and the sanitizer or coverage
+# instrumentation that the preset asks for.
+set(VZAPI_SANITIZE "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
+option(VZAPI_COVERAGE "Build with coverage counters" OFF)
+
+add_library(vzapi_compile_options INTERFACE)
+target_compile_features(vzapi_compile_options INTERFACE cxx_std_20)
+target_compile_options(vzapi_compile_options INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wcast-align -Wundef
+    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast>)
+if(VZAPI_SANITIZE)
+    target_compile_options(vzapi_compile_options INTERFACE
+        -fsanitize=${VZAPI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(vzapi_compile_options INTERFACE -fsanitize=${VZAPI_SANITIZE})
+endif()
+if(VZAPI_COVERAGE)
+    target_compile_options(vzapi_compile_options INTERFACE --coverage -fprofile-abs-path)
+    target_link_options(vzapi_compile_options INTERFACE --coverage)
+endif()
+if(WIN32)
+    target_compile_definitions(vzapi_compile_options INTERFACE UNICODE _UNICODE _WIN32_WINNT=0x0601)
+    target_link_options(vzapi_compile_options INTERFACE -static)
+endif()

@@ -1,0 +1,40 @@
+// Tells whether memory that a caller points at can be read.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace vzapi::platform {
+
+// Pages are probed at this granularity on both systems.
+inline constexpr std::size_t kPageSize = 4096;
+
+// True when the byte at `address` can be read. Never faults, changes nothing, keeps errno and the last error.
+[[nodiscard]] bool is_readable(const void* address) noexcept;
+
+// True when the `size` bytes at `address` can be read: the first, the last and one on every page between are
+// probed. A range of 0 bytes counts as its first byte; one that wraps around the address space is unreadable.
+[[nodiscard]] bool is_readable(const void* address, std::size_t size) noexcept;
+
+// The same questions for the length of one call: a page found readable is not probed again while the object
+// lives, so that a record of a hundred strings does not cost a hundred system calls.
+class PointerProbe {
+public:
+    [[nodiscard]] bool readable(const void* address) noexcept;
+    [[nodiscard]] bool readable(const void* address, std::size_t size) noexcept;
+
+    // The zero-terminated text at `text`, without the terminator; text that runs into an unreadable page ends
+    // there. Null, misaligned at the page end or unreadable from the start gives an empty view whose data() is
+    // null; a readable empty text one whose data() is not.
+    [[nodiscard]] std::u16string_view text(const char16_t* text) noexcept;
+
+private:
+    [[nodiscard]] bool page_readable(std::uintptr_t page) noexcept;
+
+    static constexpr std::size_t kSlots = 64;
+    std::array<std::uintptr_t, kSlots> readable_pages_{};  // direct-mapped by page number; 0: nothing known
+};
+
+}  // namespace vzapi::platform

@@ -1,0 +1,12 @@
+// Takes out of a text what no versit line may carry.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vzapi::versit {
+
+// `text` without control characters (below U+0020, and U+007F) other than TAB, CR and LF.
+[[nodiscard]] std::u16string clean_text(std::u16string_view text);
+
+}  // namespace vzapi::versit
