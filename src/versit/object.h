@@ -53,8 +53,8 @@ using WideVersitObject = BasicVersitObject<char16_t>;
 template <class Unit>
 struct BasicRootInfo {
     std::basic_string_view<Unit> name;     // value of the first "BEGIN:" line, blanks at both ends taken off
-    std::basic_string_view<Unit> version;  // value of the first VERSION line directly inside it, likewise
-    std::basic_string_view<Unit> nested;   // name of the first component directly inside it, likewise
+    std::basic_string_view<Unit> version;  // value of the first VERSION line directly inside it, as it stands
+    std::basic_string_view<Unit> nested;   // name of the first component directly inside it, blanks taken off
 };
 
 using RootInfo = BasicRootInfo<char>;
