@@ -23,7 +23,9 @@ std::byte* map(std::size_t readable) {
     return static_cast<std::byte*>(memory);
 }
 
-void unmap(std::byte* memory, std::size_t) { VirtualFree(memory, 0, MEM_RELEASE); }
+void unmap(std::byte* memory, std::size_t) {
+    VirtualFree(memory, 0, MEM_RELEASE);
+}
 #else
 std::byte* map(std::size_t readable) {
     void* memory =
@@ -33,13 +35,17 @@ std::byte* map(std::size_t readable) {
     return static_cast<std::byte*>(memory);
 }
 
-void unmap(std::byte* memory, std::size_t readable) { munmap(memory, readable + kPage); }
+void unmap(std::byte* memory, std::size_t readable) {
+    munmap(memory, readable + kPage);
+}
 #endif
 
 }  // namespace
 
 GuardPage::GuardPage(std::size_t pages) : memory_(map(pages * kPage)), readable_(pages * kPage) {}
 
-GuardPage::~GuardPage() { unmap(memory_, readable_); }
+GuardPage::~GuardPage() {
+    unmap(memory_, readable_);
+}
 
 }  // namespace vzapi::test
