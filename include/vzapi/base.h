@@ -1,8 +1,10 @@
 /*
- * What every other header of the interface stands on: integer types, UTF-16 text, result codes, and VersitData.
+ * What every other header of the interface stands on: integer types, UTF-16 text, result codes, and
+ * VersitData.
  *
- * Records are the same bytes on both platforms: little-endian, natural alignment, 8-byte pointers. Their layout is
- * part of the interface; VZAPI_ASSERT_LAYOUT pins it where each record is declared.
+ * Records are the same bytes on both platforms: little-endian, natural alignment, 8-byte pointers. Their
+ * layout is part of the interface; VZAPI_ASSERT_SIZE and VZAPI_ASSERT_OFFSET pin it where each record is
+ * declared.
  */
 #ifndef VZAPI_BASE_H
 #define VZAPI_BASE_H
@@ -43,8 +45,9 @@ extern "C" {
 /* Pins the size of a record, and the offset of one of its members. */
 #define VZAPI_ASSERT_SIZE(record, bytes) \
     VZAPI_STATIC_ASSERT(sizeof(record) == (bytes), #record " must have " #bytes " bytes")
-#define VZAPI_ASSERT_OFFSET(record, member, bytes) \
-    VZAPI_STATIC_ASSERT(offsetof(record, member) == (bytes), #record "." #member " must stand at byte " #bytes)
+#define VZAPI_ASSERT_OFFSET(record, member, bytes)           \
+    VZAPI_STATIC_ASSERT(offsetof(record, member) == (bytes), \
+                        #record "." #member " must stand at byte " #bytes)
 
 /* Result of a call: VZ_OK, or one of the codes below. */
 typedef uint32_t ResultCode;
@@ -70,13 +73,15 @@ typedef uint32_t ResultCode;
 #define VZ_ERR_OLE_OUT_OF_MEMORY UINT32_C(0x8007000E)
 
 /*
- * Carries versit text across the interface, in both directions. As output: `size` and `format` are set, `text` is a
- * new block of the process heap with exactly `length` bytes and no terminator, released with FreeVersitData.
- * As input: the caller's bytes, read only, needed for the length of the call; the text ends at its first NUL.
+ * Carries versit text across the interface, in both directions. As output: `size` and `format` are set,
+ * `text` is a new block of the process heap with exactly `length` bytes and no terminator, released with
+ * FreeVersitData. As input: the caller's bytes, read only, needed for the length of the call; the text ends
+ * at its first NUL.
  */
 typedef struct VersitData {
-    uint32_t size;   /* 24 */
-    uint32_t format; /* 1 from the writers of the conversion family, 2 from ODCAPI_CreateDataObject; not read */
+    uint32_t size; /* 24 */
+    uint32_t
+        format; /* 1 from the writers of the conversion family, 2 from ODCAPI_CreateDataObject; not read */
     uint32_t length; /* bytes; for UTF-16 text twice the number of units */
     void* text;      /* bytes; UTF-16LE units for messages */
 } VersitData;

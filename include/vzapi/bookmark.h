@@ -11,9 +11,10 @@ extern "C" {
 /*
  * One bookmark of a browser. Strings are zero-terminated UTF-16; null means absent.
  *
- * Filled by ConvertFromVersit: each string is a new OLE string, the record is released with FreeConverterData.
- * Read by ConvertToVersit: the strings stay the caller's; one that cannot be read counts as absent. `size` is not
- * checked on writing; ConvertFromVersit sets it to 32 whatever it held, so the memory must have 32 bytes.
+ * Filled by ConvertFromVersit: each string is a new OLE string, the record is released with
+ * FreeConverterData. Read by ConvertToVersit: the strings stay the caller's; one that cannot be read counts
+ * as absent. `size` is not checked on writing; ConvertFromVersit sets it to 32 whatever it held, so the
+ * memory must have 32 bytes.
  */
 typedef struct BookmarkItem {
     uint32_t size;      /* 32 */
