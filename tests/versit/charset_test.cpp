@@ -2,16 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 
 #include "platform/code_page.h"
+#include "support/failing_allocations.h"
 #include "vzapi/base.h"
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define VZAPI_TEST_SANITIZED 1
-#endif
-#endif
 
 namespace vzapi::versit {
 namespace {
@@ -89,21 +85,35 @@ TEST(Charset, WithoutANameItIsTheDefaultCodePageOfTheSystem) {
 }
 
 TEST(Charset, LackOfMemoryForLatin1HasItsOwnResultCode) {
-#if defined(VZAPI_TEST_SANITIZED)
-    GTEST_SKIP() << "the sanitizers' operator new ends the process instead of throwing";
-#else
-    // More than any address space: the text is asked for before a byte is read.
-    volatile std::size_t size = std::size_t{1} << 60;
-    const std::string_view bytes("a", size);
+    constexpr std::string_view kBytes = "more than fits into a string without a block of its own";
     std::u16string text = u"kept";
+    ResultCode code = VZ_OK;
+    test::FailingAllocations failing(1, test::Allocations::OperatorNew);
     try {
-        append_text(bytes, "ISO-8859-1", text);
-        FAIL() << "nothing was raised";
-    } catch (const ResultCode code) {
-        EXPECT_EQ(code, VZ_ERR_OLE_OUT_OF_MEMORY);
+        append_text(kBytes, "ISO-8859-1", text);
+    } catch (const ResultCode raised) {
+        code = raised;
     }
+    failing.stop();
+    EXPECT_TRUE(failing.failed());
+    EXPECT_EQ(code, VZ_ERR_OLE_OUT_OF_MEMORY);
     EXPECT_TRUE(text == u"kept");
-#endif
+}
+
+TEST(Charset, LackOfMemoryForOtherCharsetsIsTheHeaps) {
+    constexpr std::string_view kBytes = "more than fits into a string without a block of its own";
+    for (const std::string_view charset : {"", "SHIFT_JIS", "UTF-8"}) {
+        std::u16string text;
+        bool raised = false;
+        test::FailingAllocations failing(1, test::Allocations::OperatorNew);
+        try {
+            append_text(kBytes, charset, text);
+        } catch (const std::bad_alloc&) {
+            raised = true;
+        }
+        failing.stop();
+        EXPECT_TRUE(failing.failed() && raised) << charset;
+    }
 }
 
 }  // namespace

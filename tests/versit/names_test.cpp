@@ -265,16 +265,21 @@ TEST(Names, TheWideSideDoesNotKnowTheLastSixteen) {
 
 TEST(Names, NothingElseIsFound) {
     const std::string_view misses[] = {
-        "",      " ",    "TE",        "TELL",      "TEL ",        " TEL",
-        "TEL:",  "TEL;", "ITEM1.TEL", "X-",        "X-UNKNOWN",   "XSIP",
-        "X_SIP", "7BIT", "VCARD",     "ENCODING",  "X-NICKNAMES", "X-EPOCAGENDAENTRYTYPES",
-        "@EL",   "`el",  "[",         "X-SIP\x00", "NOT-A-NAME",  "A-NAME-LONGER-THAN-EVERY-OTHER-NAME",
+        "",      " ",    "TE",        "TELL",     "TEL ",        " TEL",
+        "TEL:",  "TEL;", "ITEM1.TEL", "X-",       "X-UNKNOWN",   "XSIP",
+        "X_SIP", "7BIT", "VCARD",     "ENCODING", "X-NICKNAMES", "X-EPOCAGENDAENTRYTYPES",
+        "@EL",   "`el",  "[",         "X-SIPS",   "NOT-A-NAME",  "A-NAME-LONGER-THAN-EVERY-OTHER-NAME",
     };
     for (const std::string_view miss : misses) {
         SCOPED_TRACE(miss);
         EXPECT_EQ(find_property(miss), PropertyId::None);
         EXPECT_EQ(find_property(std::u16string(miss.begin(), miss.end())), PropertyId::None);
     }
+}
+
+TEST(Names, ANulIsACharacterOfAName) {
+    EXPECT_EQ(find_property(std::string_view("X-SIP\0", 6)), PropertyId::None);
+    EXPECT_EQ(find_property(std::u16string_view(u"\0TEL", 4)), PropertyId::None);
 }
 
 TEST(Names, EveryNameCutShortOrExtendedIsAnotherName) {

@@ -20,9 +20,8 @@ std::string encode(std::u16string_view text) {
 }
 
 std::string escape(unsigned byte) {
-    char text[4];
-    std::snprintf(text, sizeof text, "=%02X", byte);
-    return text;
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    return {'=', kDigits[byte / 16], kDigits[byte % 16]};
 }
 
 // The escapes of the UTF-8 bytes of one character, worked out from the definition of UTF-8.
