@@ -14,7 +14,8 @@ namespace vzapi::versit {
 // How property() writes a UTF-16 value.
 enum class ValueForm {
     Automatic,        // quoted-printable UTF-8 when needs_encoding() says so, else plain
-    Plain,            // UTF-8 as it stands, whatever it holds; never folded
+    Plain,            // UTF-8 as it stands, never folded. A CR LF in the value ends the line and makes the
+                      // rest a line of its own: for values that are known to hold none.
     QuotedPrintable,  // always quoted-printable UTF-8
 };
 

@@ -16,6 +16,9 @@ namespace vzapi::versit {
 // =EF=BF=BD.
 void append_quoted_printable(std::u16string_view text, std::string& out);
 
+// Appends the escape of one byte, "=3D". Any character may be written so.
+void append_escape(char byte, std::string& out);
+
 // Undoes escapes with digits of either case; an '=' that no two digits follow is copied as it stands.
 [[nodiscard]] std::string decode_quoted_printable(std::string_view text);
 
