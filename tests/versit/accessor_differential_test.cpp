@@ -1,5 +1,5 @@
-// Holds the accessors of a line, the tests for property lines and the value encodings against their literal twins,
-// over VZAPI_DIFFERENTIAL_TEXTS generated inputs each.
+// Holds the accessors of a line, the tests for property lines and the value encodings against their literal
+// twins, over VZAPI_DIFFERENTIAL_TEXTS generated inputs each.
 #include <gtest/gtest.h>
 
 #include <span>
