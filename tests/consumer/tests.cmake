@@ -1,7 +1,9 @@
 # The tests of the installed package. They take turns: an installation writes its manifest into the build folder.
 set(consumer_flags "")
+set(consumer_link_flags "")
 if(VZAPI_SANITIZE)
     set(consumer_flags "-fsanitize=${VZAPI_SANITIZE}")
+    string(JOIN " " consumer_link_flags ${VZAPI_SANITIZE_C_LINK})
 endif()
 
 function(add_consumer_test via)
@@ -13,6 +15,7 @@ function(add_consumer_test via)
             -DCOMPARE=${PROJECT_SOURCE_DIR}/cmake/compare_output.cmake
             -DC_COMPILER=${CMAKE_C_COMPILER}
             -DC_FLAGS=${consumer_flags}
+            -DLINK_FLAGS=${consumer_link_flags}
             -DLIBDIR=${CMAKE_INSTALL_LIBDIR}
             -DBINDIR=${CMAKE_INSTALL_BINDIR}
             -DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}
