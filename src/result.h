@@ -6,6 +6,8 @@
 namespace vzapi {
 
 // Ends the current call with `code`.
-[[noreturn]] inline void raise(ResultCode code) { throw code; }
+[[noreturn]] inline void raise(ResultCode code) {
+    throw code;
+}
 
 }  // namespace vzapi

@@ -95,6 +95,13 @@ VZAPI_ASSERT_OFFSET(VersitData, text, 16);
 #define VZ_FORMAT_CONVERTED 1
 #define VZ_FORMAT_DATA_OBJECT 2
 
+/* Access class of a contact or a calendar entry: CLASS. */
+enum {
+    VZ_CLASS_PRIVATE = 1,
+    VZ_CLASS_PUBLIC = 2,
+    VZ_CLASS_NONE = 3,
+};
+
 #if defined(__cplusplus)
 }
 #endif

@@ -1,26 +1,32 @@
 /*
- * The conversion family: one record of phone data (contact, calendar entry, message, bookmark, contact group)
- * to versit text and back.
+ * The conversion family: one record of phone data (contact, calendar entry, message, bookmark, contact
+ * group) to versit text and back.
  *
  * What holds for every function here, and for every record:
  *
- *  1. Linkage. Functions are exported with C linkage. Records have one layout on all platforms, pinned by the
- *     assertions beside them; each begins with its `size` in bytes, which is also its version.
- *  2. Text. Strings inside records are UTF-16 and end at their first zero unit, unless a length stands beside
+ * 1. Linkage. Functions are exported with C linkage. Records have one layout on all platforms, pinned by the
+ * assertions beside them; each begins with its `size` in bytes, which is also its version.
+ *
+ * 2. Text. Strings inside records are UTF-16 and end at their first zero unit, unless a length stands beside
  * them. Versit text is bytes without a terminator; that of messages is UTF-16LE. Lengths are bytes, counts
  * are entries.
- *  3. Results. A function that returns a ResultCode returns VZ_OK or one of the VZ_ERR_ codes, whatever it is
+ *
+ * 3. Results. A function that returns a ResultCode returns VZ_OK or one of the VZ_ERR_ codes, whatever it is
  * given. Only VZAPI_Initialize lets an exception out, and only for version 0.
- *  4. Pointers. A required pointer that is null gives VZ_ERR_INVALID_PARAM. One that is not null is probed,
+ *
+ * 4. Pointers. A required pointer that is null gives VZ_ERR_INVALID_PARAM. One that is not null is probed,
  * and gives VZ_ERR_POINTER when it cannot be read. Null comes first, then the type code, then what can be
- * read. The free functions and ValidateVersitData differ, and say how. A string or array inside a record that
- * cannot be read counts as absent. Memory that another thread unmaps during the call is not guarded against.
- *  5. Ownership. What a function allocates belongs to the record or VersitData that it filled, and goes back
+ * read. The free functions and ValidateVersitData differ, and say how. A string or array inside a record
+ * that cannot be read counts as absent. Memory that another thread unmaps during the call is not guarded
+ * against.
+ *
+ * 5. Ownership. What a function allocates belongs to the record or VersitData that it filled, and goes back
  * to the library as a whole: records with FreeConverterData, text with FreeVersitData. Nothing that the
  * library filled is released, replaced or resized piece by piece. What the caller allocated stays the
  * caller's and is only read; it is never given to the free functions. A function that fills a record or
  * VersitData does not release what stood there before.
- *  6. Threads. Any thread may call. Conversions, validation and release may run at the same time on different
+ *
+ * 6. Threads. Any thread may call. Conversions, validation and release may run at the same time on different
  * records; two calls on one record need the caller's lock unless both only read it. VZAPI_Initialize and
  * VZAPI_Terminate must not run beside any other call.
  *
@@ -33,6 +39,10 @@
 
 #include "vzapi/base.h"
 #include "vzapi/bookmark.h"
+#include "vzapi/calendar.h"
+#include "vzapi/contact.h"
+#include "vzapi/contact_group.h"
+#include "vzapi/message.h"
 
 #if defined(__cplusplus)
 extern "C" {
@@ -52,12 +62,11 @@ enum {
  * above the last row acts like the last row.
  */
 enum {
-    VZ_INTERFACE_CHECKED_SIZES = 13, /* a wrong `size` is refused on release; birth years as numbers */
-    VZ_INTERFACE_PREFERRED =
-        14, /* preferred markers, anniversaries (item type 8), dates of year 0 are absent */
-    VZ_INTERFACE_TODO_REPEATS = 15, /* to-dos have recurrences */
-    VZ_INTERFACE_TIME_ZONES = 16,   /* time zone block of the 192-byte CalendarItem */
-    VZ_INTERFACE_VERSION = 16       /* what VZAPI_GetAPIVersion returns */
+    VZ_INTERFACE_CHECKED_SIZES = 13, /* records of a wrong `size` are refused; birth years are numbers */
+    VZ_INTERFACE_MARKS = 14,         /* preferred numbers, anniversaries, dates of year 0 count as absent */
+    VZ_INTERFACE_TODO_REPEATS = 15,  /* to-dos have recurrences */
+    VZ_INTERFACE_TIME_ZONES = 16,    /* time zone block of the 192-byte CalendarItem */
+    VZ_INTERFACE_VERSION = 16,       /* what VZAPI_GetAPIVersion returns */
 };
 
 /* Profiles: `option1` of ConvertToVersit2 names the family of the receiving device, `option2` its version. */
@@ -70,21 +79,19 @@ enum {
 /* Versions that VZ_PROFILE_10 tells apart. Contacts and messages look at them. */
 enum {
     VZ_PROFILE_10_MESSENGERS = 10, /* X-JABBER, X-SKYPE, X-FACEBOOK in place of X-IMPP; nicknames, role */
-    VZ_PROFILE_10_MESSENGERS_AND_SMS = 16, /* the same; messages in their extended form */
-    VZ_PROFILE_10_EMPTY_FIELDS = 260,      /* a line without value for each field that the contact lacks */
+    VZ_PROFILE_10_MESSENGERS_AND_SMS = 16,     /* the same; messages in their extended form */
+    VZ_PROFILE_10_EMPTY_FIELDS = 260,          /* a line without value for each field that is absent */
     VZ_PROFILE_10_EMPTY_FIELDS_REVISION = 280, /* the same */
 };
 
 /* Versions that VZ_PROFILE_20 tells apart. Contacts and calendar entries look at them. */
 enum {
-    VZ_PROFILE_20_EMPTY_FIELDS =
-        300, /* a line without value for each field that the contact lacks; untyped photos */
-    VZ_PROFILE_20_CALENDAR_2 = 322,  /* this and later: calendar entries as version 2.0 */
-    VZ_PROFILE_20_PLAIN_VOICE = 323, /* this and later: the general voice number without a type */
+    VZ_PROFILE_20_EMPTY_FIELDS = 300, /* a line without value for each field that is absent; untyped photos */
+    VZ_PROFILE_20_CALENDAR_2 = 322,   /* this and later: calendar entries as version 2.0 */
+    VZ_PROFILE_20_PLAIN_VOICE = 323,  /* this and later: the general voice number without a type */
 };
 
-/* Whether the profile counts: `option3` of ConvertToVersit2; any value but 0 is on. Messages do not look at
- * it. */
+/* Whether the profile counts: `option3` of ConvertToVersit2; any value but 0 is on. Messages ignore it. */
 enum {
     VZ_PROFILE_OFF = 0,
     VZ_PROFILE_ON = 1,

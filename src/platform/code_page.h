@@ -13,13 +13,13 @@ enum class CodePage : std::uint32_t {
     Utf8 = 65001,
 };
 
-// Appends the text of `bytes` to `out`. Bytes that the code page does not define become what the system puts in
-// their place (U+FFFD on Linux and in UTF-8); nothing is refused. Throws only std::bad_alloc.
+// Appends the text of `bytes` to `out`. Bytes that the code page does not define become what the system puts
+// in their place (U+FFFD on Linux and in UTF-8); nothing is refused. Throws only std::bad_alloc.
 void append_utf16(CodePage code_page, std::string_view bytes, std::u16string& out);
 
-// The name of the character set behind CodePage::SystemDefault, "UTF-8" or another name that the system knows.
-// On Linux: the charset of the locale that LC_ALL, LC_CTYPE or LANG names, the first that is set; UTF-8 when none
-// is, when it is "C" or "POSIX", or when the system does not know it.
+// The name of the character set behind CodePage::SystemDefault, "UTF-8" or another name that the system
+// knows. On Linux: the charset of the locale that LC_ALL, LC_CTYPE or LANG names, the first that is set;
+// UTF-8 when none is, when it is "C" or "POSIX", or when the system does not know it.
 [[nodiscard]] std::string system_charset();
 
 }  // namespace vzapi::platform

@@ -8,19 +8,19 @@ namespace vzapi::platform {
 
 enum class Wipe : bool { No, Yes };
 
-// A new zero-filled block of `size` bytes (a block of its own also for 0), aligned for any type; null when there
-// is no memory.
+// A new zero-filled block of `size` bytes (a block of its own also for 0), aligned for any type; null when
+// there is no memory.
 [[nodiscard]] void* heap_allocate(std::size_t size) noexcept;
 
-// True when `block` is the address of a live block of this heap. Null, foreign, freed and unreadable addresses
-// give false and are not touched.
+// True when `block` is the address of a live block of this heap. Null, foreign, freed and unreadable
+// addresses give false and are not touched.
 [[nodiscard]] bool heap_owns(const void* block) noexcept;
 
 // The size in bytes that `block` was allocated with; 0 for an address that this heap does not own.
 [[nodiscard]] std::size_t heap_size(const void* block) noexcept;
 
-// Releases `block`, overwritten with zeros first when `wipe` says so. Returns false, and leaves it alone, for an
-// address that this heap does not own.
+// Releases `block`, overwritten with zeros first when `wipe` says so. Returns false, and leaves it alone, for
+// an address that this heap does not own.
 bool heap_free(void* block, Wipe wipe = Wipe::No) noexcept;
 
 struct HeapDeleter {

@@ -1,5 +1,5 @@
-// OLE strings: UTF-16 text with its byte length in the four bytes before the first unit and a zero unit after the
-// last. The strings inside caller records are of this kind; the caller gives them back to the library.
+// OLE strings: UTF-16 text with its byte length in the four bytes before the first unit and a zero unit after
+// the last. The strings inside caller records are of this kind; the caller gives them back to the library.
 #pragma once
 
 #include <cstddef>

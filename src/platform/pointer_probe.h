@@ -26,8 +26,8 @@ public:
     [[nodiscard]] bool readable(const void* address, std::size_t size) noexcept;
 
     // The zero-terminated text at `text`, without the terminator; text that runs into an unreadable page ends
-    // there. Null, misaligned at the page end or unreadable from the start gives an empty view whose data() is
-    // null; a readable empty text one whose data() is not.
+    // there. Null, misaligned at the page end or unreadable from the start gives an empty view whose data()
+    // is null; a readable empty text one whose data() is not.
     [[nodiscard]] std::u16string_view text(const char16_t* text) noexcept;
 
 private:

@@ -1,5 +1,5 @@
-// String values of the machine-wide settings store: the local-machine hive of the Windows registry; on Linux a
-// folder a key and a file a value, UTF-8, below /etc/opt/corvanet or the folder that VZAPI_REGISTRY names.
+// String values of the machine-wide settings store: the local-machine hive of the Windows registry; on Linux
+// a folder a key and a file a value, UTF-8, below /etc/opt/corvanet or the folder that VZAPI_REGISTRY names.
 // Keys are written with '\' between their parts; a trailing one does not matter.
 #pragma once
 

@@ -11,8 +11,8 @@ namespace vzapi::versit {
 // Appends `bytes` in one piece, padded, without line breaks.
 void append_base64(std::span<const std::byte> bytes, std::string& out);
 
-// Skips white space (blank, TAB, CR, LF), does not ask for padding (the parser takes a final '=' off a line), stops
-// at '=' or at the first other character outside the alphabet. Bits short of a whole byte are dropped.
+// Skips white space (blank, TAB, CR, LF), does not ask for padding (the parser takes a final '=' off a line),
+// stops at '=' or at the first other character outside the alphabet. Bits short of a whole byte are dropped.
 [[nodiscard]] std::string decode_base64(std::string_view text);
 
 }  // namespace vzapi::versit

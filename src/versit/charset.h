@@ -6,8 +6,8 @@
 
 namespace vzapi::versit {
 
-// Appends the text of `bytes`. `charset`, compared without regard to case: empty is the system's default code page;
-// "SHIFT_JIS" code page 932; "ISO-8859-1" takes the bytes as code points; any other name is UTF-8.
+// Appends the text of `bytes`. `charset`, compared without regard to case: empty is the system's default code
+// page; "SHIFT_JIS" code page 932; "ISO-8859-1" takes the bytes as code points; any other name is UTF-8.
 // Undecodable bytes become what the system puts in their place.
 void append_text(std::string_view bytes, std::string_view charset, std::u16string& out);
 

@@ -1,5 +1,5 @@
-// The parse result: the logical lines of a text, flat and in input order. "BEGIN:" and "END:" lines stay in the
-// list as ordinary lines; nesting is their order.
+// The parse result: the logical lines of a text, flat and in input order. "BEGIN:" and "END:" lines stay in
+// the list as ordinary lines; nesting is their order.
 #pragma once
 
 #include <cstddef>
@@ -28,15 +28,16 @@ public:
     using Property = BasicVersitProperty<Unit>;
 
     BasicVersitObject() = default;
-    BasicVersitObject(std::unique_ptr<Unit[]> text, std::vector<Property> lines, std::vector<LineRange> bodies)
+    BasicVersitObject(std::unique_ptr<Unit[]> text, std::vector<Property> lines,
+                      std::vector<LineRange> bodies)
         : text_(std::move(text)), lines_(std::move(lines)), bodies_(std::move(bodies)) {}
 
     [[nodiscard]] const std::vector<Property>& lines() const noexcept { return lines_; }
     [[nodiscard]] std::size_t count() const noexcept { return lines_.size(); }
     [[nodiscard]] bool empty() const noexcept { return lines_.empty(); }
 
-    // UTF-16 texts only: the message bodies, each the lines between a BEGIN:VBODY and the END:VBODY that closes
-    // it. Their lines are physical lines exactly as they stood in the text.
+    // UTF-16 texts only: the message bodies, each the lines between a BEGIN:VBODY and the END:VBODY that
+    // closes it. Their lines are physical lines exactly as they stood in the text.
     [[nodiscard]] const std::vector<LineRange>& bodies() const noexcept { return bodies_; }
 
 private:
@@ -52,8 +53,8 @@ using WideVersitObject = BasicVersitObject<char16_t>;
 template <class Unit>
 struct BasicRootInfo {
     std::basic_string_view<Unit> name;     // value of the first "BEGIN:" line, blanks at both ends taken off
-    std::basic_string_view<Unit> version;  // value of the first VERSION line directly inside it, likewise
-    std::basic_string_view<Unit> nested;   // name of the first component directly inside it, likewise
+    std::basic_string_view<Unit> version;  // value of the first VERSION line directly inside it, as it stands
+    std::basic_string_view<Unit> nested;   // name of the first component directly inside it, blanks taken off
 };
 
 using RootInfo = BasicRootInfo<char>;
@@ -64,13 +65,13 @@ template <class Unit>
 
 enum class Nested : bool { Exclude, Include };
 
-// The lines of the first component called `upper_name` (compared without regard to case), from its BEGIN to its
-// matching END, both included, in input order; the lines of components nested in it only when asked for. Without
-// an END the component reaches to the end of `lines`; without a BEGIN the result is empty. To look for a component
-// inside another, pass the lines of that one.
+// The lines of the first component called `upper_name` (compared without regard to case), from its BEGIN to
+// its matching END, both included, in input order; the lines of components nested in it only when asked for.
+// Without an END the component reaches to the end of `lines`; without a BEGIN the result is empty. To look
+// for a component inside another, pass the lines of that one.
 //
-// The matching END is the one that closes the level of the BEGIN, or an END of the component's own name while no
-// nested component of that name is open.
+// The matching END is the one that closes the level of the BEGIN, or an END of the component's own name while
+// no nested component of that name is open.
 template <class Unit>
 [[nodiscard]] std::vector<BasicVersitProperty<Unit>> component_lines(
     std::span<const BasicVersitProperty<Unit>> lines, std::string_view upper_name, Nested nested);

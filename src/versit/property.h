@@ -1,6 +1,6 @@
 // One logical line of versit text and its parts, found in the line's text when a reader asks for them:
-// [group.]NAME[;parameter...]:value, without the line end, folds and soft breaks already joined, the value still
-// encoded (vCard 2.1, section 2.1).
+// [group.]NAME[;parameter...]:value, without the line end, folds and soft breaks already joined, the value
+// still encoded (vCard 2.1, section 2.1).
 #pragma once
 
 #include <optional>
@@ -29,8 +29,8 @@ public:
 
     [[nodiscard]] View text() const noexcept { return text_; }
 
-    // The text before the first ';' or ':', whichever comes first; empty when there is neither or it stands at
-    // the very front. As written: name() gives it in capitals. A group prefix is part of it.
+    // The text before the first ';' or ':', whichever comes first; empty when there is neither or it stands
+    // at the very front. As written: name() gives it in capitals. A group prefix is part of it.
     [[nodiscard]] View raw_name() const noexcept;
     [[nodiscard]] std::basic_string<Unit> name() const;
 
@@ -46,9 +46,9 @@ public:
     // The value of the first parameter of that name (in capitals), compared without regard to case.
     [[nodiscard]] std::optional<View> parameter(std::string_view upper_name) const noexcept;
 
-    // Searches the whole line, parameters and value alike, case as written, for the encoding names in the order
-    // of the table; the first name that occurs anywhere wins, so "NOTE:see 8BIT docs" is 8BIT. Without any:
-    // Unknown when the line holds "ENCODING", else None.
+    // Searches the whole line, parameters and value alike, case as written, for the encoding names in the
+    // order of the table; the first name that occurs anywhere wins, so "NOTE:see 8BIT docs" is 8BIT. Without
+    // any: Unknown when the line holds "ENCODING", else None.
     [[nodiscard]] Encoding encoding() const noexcept;
 
     friend bool operator==(const BasicVersitProperty& a, const BasicVersitProperty& b) noexcept {
@@ -63,8 +63,9 @@ using VersitParameter = BasicVersitParameter<char>;
 using VersitProperty = BasicVersitProperty<char>;
 using WideVersitProperty = BasicVersitProperty<char16_t>;
 
-// The value, its transfer encoding undone: that of the line or, when the line states none, `default_encoding`.
-// Quoted-printable and Base64 (3, 4, 5) are decoded, any other value is returned as it stands.
+// The value, its transfer encoding undone: that of the line or, when the line states none,
+// `default_encoding`. Quoted-printable and Base64 (3, 4, 5) are decoded, any other value is returned as it
+// stands.
 [[nodiscard]] std::string decoded_value(const VersitProperty& line, Encoding default_encoding);
 
 }  // namespace vzapi::versit

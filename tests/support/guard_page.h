@@ -1,4 +1,5 @@
-// Memory whose end touches a page without access, so that reading one byte too far, or a pointer behind it, faults.
+// Memory whose end touches a page without access, so that reading one byte too far, or a pointer behind it,
+// faults.
 #pragma once
 
 #include <cstddef>

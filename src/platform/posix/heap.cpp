@@ -1,0 +1,31 @@
+#include "platform/heap.h"
+
+#include <string.h>  // explicit_bzero
+
+#include "platform/allocation_gate.h"
+#include "platform/posix/guarded_block.h"
+
+namespace vzapi::platform {
+
+void* heap_allocate(std::size_t size) noexcept {
+    return allocation_allowed() ? guarded_allocate(BlockKind::Heap, size) : nullptr;
+}
+
+bool heap_owns(const void* block) noexcept {
+    return guarded_owns(BlockKind::Heap, block);
+}
+
+std::size_t heap_size(const void* block) noexcept {
+    return heap_owns(block) ? guarded_size(block) : 0;
+}
+
+bool heap_free(void* block, Wipe wipe) noexcept {
+    if (!heap_owns(block)) return false;
+    const std::size_t size = guarded_size(block);
+    if (wipe == Wipe::Yes) explicit_bzero(block, size);
+    observe_release(block, size);
+    guarded_free(block);
+    return true;
+}
+
+}  // namespace vzapi::platform

@@ -1,0 +1,26 @@
+#include "platform/sleep.h"
+
+#include <windows.h>
+
+#include <atomic>
+
+namespace vzapi::platform {
+namespace {
+
+std::atomic<SleepFunction> g_sleep{nullptr};
+
+}  // namespace
+
+void sleep(std::uint32_t milliseconds) {
+    if (const SleepFunction function = g_sleep.load()) {
+        function(milliseconds);
+    } else {
+        Sleep(milliseconds);
+    }
+}
+
+void test_only_set_sleep(SleepFunction function) noexcept {
+    g_sleep.store(function);
+}
+
+}  // namespace vzapi::platform

@@ -1,0 +1,123 @@
+#include "versit/object.h"
+
+#include "versit/ascii.h"
+
+namespace vzapi::versit {
+namespace {
+
+template <class Unit>
+std::basic_string_view<Unit> component_of(const BasicVersitProperty<Unit>& line) {
+    return trim_blanks(line.value());
+}
+
+// Follows a component from the line after its BEGIN until the END that closes it.
+class OpenComponent {
+public:
+    explicit OpenComponent(std::string_view upper_name) : upper_name_(upper_name) {}
+
+    // Levels of nested components open around the line last seen; 0 is the component itself.
+    [[nodiscard]] std::size_t nested() const noexcept { return nested_; }
+    [[nodiscard]] bool closed() const noexcept { return closed_; }
+
+    template <class Unit>
+    void see(const BasicVersitProperty<Unit>& line, PropertyId id) {
+        if (id != PropertyId::Begin && id != PropertyId::End) return;
+        const bool same_name = equals_ignoring_case(component_of(line), upper_name_);
+        if (id == PropertyId::Begin) {
+            ++nested_;
+            nested_of_same_name_ += same_name ? 1 : 0;
+        } else if (nested_ == 0 || (same_name && nested_of_same_name_ == 0)) {
+            closed_ = true;
+            nested_ = 0;
+        } else {
+            --nested_;
+            nested_of_same_name_ -= same_name ? 1 : 0;
+        }
+    }
+
+private:
+    std::string_view upper_name_;
+    std::size_t nested_ = 0;
+    std::size_t nested_of_same_name_ = 0;
+    bool closed_ = false;
+};
+
+}  // namespace
+
+template <class Unit>
+BasicRootInfo<Unit> root_info(std::span<const BasicVersitProperty<Unit>> lines) noexcept {
+    BasicRootInfo<Unit> root;
+    std::size_t depth = 0;
+    bool has_version = false;
+    bool has_nested = false;
+    for (const BasicVersitProperty<Unit>& line : lines) {
+        const PropertyId id = line.id();
+        if (id == PropertyId::Begin) {
+            if (depth == 0) root.name = component_of(line);
+            if (depth == 1 && !has_nested) {
+                root.nested = component_of(line);
+                has_nested = true;
+            }
+            ++depth;
+        } else if (id == PropertyId::End && depth > 0) {
+            if (--depth == 0) break;
+        } else if (id == PropertyId::Version && depth == 1 && !has_version) {
+            root.version = line.value();
+            has_version = true;
+        }
+        if (has_version && has_nested) break;
+    }
+    return root;
+}
+
+template <class Unit>
+std::vector<BasicVersitProperty<Unit>> component_lines(std::span<const BasicVersitProperty<Unit>> lines,
+                                                       std::string_view upper_name, Nested nested) {
+    std::vector<BasicVersitProperty<Unit>> own;
+    std::size_t at = 0;
+    while (at < lines.size() && !(lines[at].id() == PropertyId::Begin &&
+                                  equals_ignoring_case(component_of(lines[at]), upper_name))) {
+        ++at;
+    }
+    if (at == lines.size()) return own;
+    own.push_back(lines[at++]);
+    OpenComponent component(upper_name);
+    for (; at < lines.size() && !component.closed(); ++at) {
+        const bool was_nested = component.nested() > 0;
+        component.see(lines[at], lines[at].id());
+        const bool is_nested = component.nested() > 0 || (was_nested && !component.closed());
+        if (!is_nested || nested == Nested::Include) own.push_back(lines[at]);
+    }
+    return own;
+}
+
+std::vector<VersitProperty> component_lines(const VersitObject& object, ComponentId component,
+                                            Nested nested) {
+    return component_lines(std::span<const VersitProperty>(object.lines()), component_name(component),
+                           nested);
+}
+
+template <class Unit>
+std::vector<BasicVersitProperty<Unit>> select_lines(std::span<const BasicVersitProperty<Unit>> lines,
+                                                    std::span<const std::string_view> upper_names) {
+    std::vector<BasicVersitProperty<Unit>> selected;
+    for (const std::string_view name : upper_names) {
+        for (const BasicVersitProperty<Unit>& line : lines) {
+            if (equals_ignoring_case(line.raw_name(), name)) selected.push_back(line);
+        }
+    }
+    return selected;
+}
+
+template RootInfo root_info(std::span<const VersitProperty>) noexcept;
+template WideRootInfo root_info(std::span<const WideVersitProperty>) noexcept;
+template std::vector<VersitProperty> component_lines(std::span<const VersitProperty>, std::string_view,
+                                                     Nested);
+template std::vector<WideVersitProperty> component_lines(std::span<const WideVersitProperty>,
+                                                         std::string_view, Nested);
+template std::vector<VersitProperty> select_lines(std::span<const VersitProperty>,
+                                                  std::span<const std::string_view>);
+template std::vector<WideVersitProperty> select_lines(std::span<const WideVersitProperty>,
+                                                      std::span<const std::string_view>);
+
+}  // namespace vzapi::versit

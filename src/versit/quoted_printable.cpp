@@ -1,0 +1,108 @@
+#include "versit/quoted_printable.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "platform/utf8.h"
+
+namespace vzapi::versit {
+namespace {
+
+constexpr std::string_view kDigits = "0123456789ABCDEF";
+
+// How a byte is written: itself, or its escape.
+struct Written {
+    std::array<char, 3> text;
+    std::uint8_t length;
+};
+
+constexpr bool is_literal(std::size_t byte) {
+    return byte == '\t' || (byte >= ' ' && byte <= '~' && byte != '=');
+}
+
+constexpr std::array<Written, 256> make_written() {
+    std::array<Written, 256> written{};
+    for (std::size_t byte = 0; byte < written.size(); ++byte) {
+        if (is_literal(byte)) {
+            written[byte] = {{static_cast<char>(byte), 0, 0}, 1};
+        } else {
+            written[byte] = {{'=', kDigits[byte >> 4], kDigits[byte & 15]}, 3};
+        }
+    }
+    return written;
+}
+constexpr auto kWritten = make_written();
+
+// The value of a hexadecimal digit; 16 for any other byte.
+constexpr std::array<std::uint8_t, 256> make_digit_values() {
+    std::array<std::uint8_t, 256> values{};
+    for (auto& value : values) value = 16;
+    for (std::size_t digit = 0; digit < kDigits.size(); ++digit) {
+        const auto unit = static_cast<std::uint8_t>(kDigits[digit]);
+        values[unit] = static_cast<std::uint8_t>(digit);
+        if (digit > 9) values[unit + std::size_t{'a' - 'A'}] = static_cast<std::uint8_t>(digit);
+    }
+    return values;
+}
+constexpr auto kDigitValues = make_digit_values();
+
+constexpr unsigned digit_value(char digit) {
+    return kDigitValues[static_cast<std::uint8_t>(digit)];
+}
+
+void append_escaped_bytes(std::string_view bytes, std::string& out) {
+    std::size_t length = 0;
+    for (const char byte : bytes) length += kWritten[static_cast<std::uint8_t>(byte)].length;
+    const std::size_t begin = out.size();
+    // Three characters are always stored and only as many counted, which spares a branch per byte; the last
+    // byte stores up to two beyond its end.
+    out.resize(begin + length + 2);
+    char* to = out.data() + begin;
+    for (const char byte : bytes) {
+        const Written& written = kWritten[static_cast<std::uint8_t>(byte)];
+        std::memcpy(to, written.text.data(), written.text.size());
+        to += written.length;
+    }
+    out.resize(begin + length);
+}
+
+}  // namespace
+
+bool needs_encoding(std::u16string_view text) noexcept {
+    return std::any_of(text.begin(), text.end(),
+                       [](char16_t unit) { return unit > 127 || unit == u'\r' || unit == u'\n'; });
+}
+
+void append_quoted_printable(std::u16string_view text, std::string& out) {
+    append_escaped_bytes(platform::utf16_to_utf8(text), out);
+}
+
+void append_escape(char byte, std::string& out) {
+    const auto unit = static_cast<std::uint8_t>(byte);
+    out.append({'=', kDigits[unit >> 4], kDigits[unit & 15]});
+}
+
+std::string decode_quoted_printable(std::string_view text) {
+    std::string decoded(text.size(), '\0');
+    char* to = decoded.data();
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t escape = text[at] == '=' ? at : std::min(text.find('=', at), text.size());
+        to = std::copy_n(text.data() + at, escape - at, to);
+        at = escape;
+        if (at == text.size()) break;
+        const bool complete = text.size() - at > 2;
+        const unsigned high = complete ? digit_value(text[at + 1]) : 16;
+        const unsigned low = complete ? digit_value(text[at + 2]) : 16;
+        const bool is_escape = high < 16 && low < 16;
+        *to++ = is_escape ? static_cast<char>(high << 4 | low) : '=';
+        at += is_escape ? 3 : 1;
+    }
+    decoded.resize(static_cast<std::size_t>(to - decoded.data()));
+    return decoded;
+}
+
+}  // namespace vzapi::versit

@@ -1,0 +1,87 @@
+// The program's operator new is this one: it asks the FailingAllocations of the thread, and forwards to
+// malloc, whose blocks AddressSanitizer and valgrind watch over as ever.
+#include "support/failing_allocations.h"
+
+#include <cstdlib>
+#include <new>
+
+#include "platform/allocation_gate.h"
+
+namespace vzapi::test {
+namespace {
+
+thread_local FailingAllocations* t_current = nullptr;
+
+}  // namespace
+
+bool allow_allocation(Allocations kind) noexcept {
+    FailingAllocations* current = t_current;
+    if (current == nullptr) return true;
+    if ((static_cast<unsigned>(current->which_) & static_cast<unsigned>(kind)) == 0) return true;
+    if (++current->asked_ != current->nth_) return true;
+    current->failed_ = true;
+    return false;
+}
+
+FailingAllocations::FailingAllocations(std::size_t nth, Allocations which) : nth_(nth), which_(which) {
+    // Stays in place: a thread without a FailingAllocations is allowed everything.
+    platform::g_test_only_allocation_gate = []() noexcept {
+        return allow_allocation(Allocations::HeapAndOle);
+    };
+    t_current = this;
+}
+
+FailingAllocations::~FailingAllocations() {
+    stop();
+}
+
+void FailingAllocations::stop() noexcept {
+    if (t_current == this) t_current = nullptr;
+}
+
+}  // namespace vzapi::test
+
+namespace {
+
+void* allocate(std::size_t size) noexcept {
+    if (!vzapi::test::allow_allocation(vzapi::test::Allocations::OperatorNew)) return nullptr;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+void* allocate_or_throw(std::size_t size) {
+    if (void* block = allocate(size)) return block;
+    throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return allocate_or_throw(size);
+}
+void* operator new[](std::size_t size) {
+    return allocate_or_throw(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return allocate(size);
+}
+void operator delete(void* block) noexcept {
+    std::free(block);
+}
+void operator delete[](void* block) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    std::free(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, const std::nothrow_t&) noexcept {
+    std::free(block);
+}
+void operator delete[](void* block, const std::nothrow_t&) noexcept {
+    std::free(block);
+}
