@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <new>
 #include <ostream>
 
@@ -58,14 +59,25 @@ int convert(Command command, const FileNames& files, Streams streams) {
     return report.has_failures() ? kSomeFailed : kAllConverted;
 }
 
+// What is wrong with the arguments. The parser's own words tell it well once the command is known.
+std::string mistake_in(const std::vector<std::string>& arguments, const CLI::ParseError& error) {
+    if (arguments.empty()) return "a command is required";
+    const std::string& first = arguments.front();
+    const bool is_command = std::any_of(std::begin(kCommands), std::end(kCommands),
+                                        [&first](const CommandRow& row) { return row.name == first; });
+    if (is_command) return error.what();
+    return (first.starts_with('-') ? "there is no option \"" : "there is no command \"") + first + "\"";
+}
+
 // What the parser throws: --help and --version ask for text, all else is a mistake.
-int answer(const CLI::App& app, const CLI::ParseError& error, Streams streams) {
+int answer(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& arguments,
+           Streams streams) {
     if (error.get_exit_code() == 0) {
         app.exit(error, streams.out, streams.out);
         if (!streams.out.flush()) throw OutputLost();
         return kAllConverted;
     }
-    streams.err << "vzconv: " + std::string(error.what()) + "\nTry vzconv --help.\n";
+    streams.err << "vzconv: " + mistake_in(arguments, error) + "\nTry vzconv --help.\n";
     return kUsage;
 }
 
@@ -75,15 +87,18 @@ int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
     app.require_subcommand(1);
     app.set_version_flag("--version", "vzconv " VZCONV_VERSION);
     app.get_formatter()->column_width(16);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("REQUIRED", "");
     FileNames files;
     for (const CommandRow& row : kCommands) {
         CLI::App* command = app.add_subcommand(row.name, row.help);
+        command->group("Commands");
         command->add_option("FILE", files, row.files_help)->required()->type_name("");
     }
     try {
         app.parse(for_parser(arguments));
     } catch (const CLI::ParseError& error) {
-        return answer(app, error, streams);
+        return answer(app, error, arguments, streams);
     }
     remove_guards(files);
     for (const CommandRow& row : kCommands) {
