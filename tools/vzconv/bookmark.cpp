@@ -33,14 +33,12 @@ std::string show(std::string_view text) {
     return readable.text();
 }
 
-nlohmann::ordered_json to_json(std::string_view text) {
+void to_json(std::string_view text, nlohmann::ordered_json& object) {
     const Bookmark bookmark(text);
-    nlohmann::ordered_json object = nlohmann::ordered_json::object();
     for (const Field& field : kFields) {
         const char16_t* value = (*bookmark).*field.member;
         if (value != nullptr) object[field.key] = utf8_from_utf16(value);
     }
-    return object;
 }
 
 std::string from_json(const nlohmann::json& object) {

@@ -92,6 +92,12 @@ void convert_each(const FileNames& files, Streams streams, Report& report,
     });
 }
 
+nlohmann::ordered_json json_of(const Kind& kind, std::string_view text) {
+    nlohmann::ordered_json object = {{"kind", kind.name}};
+    converter_of(kind).to_json(text, object);
+    return object;
+}
+
 // What `check` has to say of one object; throws Failure when it is not as it should be.
 std::string verdict_on(const Found& found) {
     std::string storage;
@@ -101,7 +107,7 @@ std::string verdict_on(const Found& found) {
         return "ok as far as its BEGIN and END go: this version does not convert " +
                std::string(found.kind->plural) + " yet";
     }
-    found.kind->converter->to_json(text);
+    json_of(*found.kind, text);
     return "ok";
 }
 
@@ -114,19 +120,13 @@ const Kind& kind_of_json(const nlohmann::json& object) {
     return *kind;
 }
 
-nlohmann::ordered_json with_kind(const Kind& kind, const nlohmann::ordered_json& fields) {
-    nlohmann::ordered_json object = {{"kind", kind.name}};
-    object.update(fields);
-    return object;
-}
-
 // Some values cannot be said in versit text: a title with a CR LF in it, for one, ends where the line does.
 // Whoever writes such a value hears of it.
 void warn_of_losses(const Kind& kind, const nlohmann::json& fields, std::string_view text, const Place& place,
                     Report& report) {
     nlohmann::json again;
     try {
-        again = nlohmann::json(kind.converter->to_json(text));
+        again = nlohmann::json(json_of(kind, text));
     } catch (const Failure& failure) {
         report.warning(place, std::string("the text written cannot be read again: ") + failure.what());
         return;
@@ -165,9 +165,8 @@ void show(const FileNames& files, Streams streams, Report& report) {
 }
 
 void json(const FileNames& files, Streams streams, Report& report) {
-    convert_each(files, streams, report, [](const Kind& kind, std::string_view text) {
-        return line_of_object(with_kind(kind, converter_of(kind).to_json(text)));
-    });
+    convert_each(files, streams, report,
+                 [](const Kind& kind, std::string_view text) { return line_of_object(json_of(kind, text)); });
 }
 
 void versit(const FileNames& files, Streams streams, Report& report) {

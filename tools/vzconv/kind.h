@@ -14,8 +14,8 @@ namespace vzconv {
 struct Converter {
     // For a person.
     std::string (*show)(std::string_view text);
-    // Its fields in words, without "kind"; an absent one is missing.
-    nlohmann::ordered_json (*to_json)(std::string_view text);
+    // Adds its fields, named in words, to `object`; an absent one is missing.
+    void (*to_json)(std::string_view text, nlohmann::ordered_json& object);
     // The text for the object's fields; "kind" is taken away. Every field counts or is refused.
     std::string (*from_json)(const nlohmann::json& fields);
 };

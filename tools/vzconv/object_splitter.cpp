@@ -1,5 +1,6 @@
 #include "vzconv/object_splitter.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "vzconv/ascii.h"
@@ -32,13 +33,23 @@ struct Marker {
     std::string_view name;
 };
 
+// Names are of letters, digits and '-': "begin: all rooms, at 5" is a line of a letter.
+bool is_component_name(std::string_view name) {
+    constexpr std::size_t kLongest = 40;
+    if (name.empty() || name.size() > kLongest) return false;
+    return std::all_of(name.begin(), name.end(), [](char c) {
+        return (upper(c) >= 'A' && upper(c) <= 'Z') || (c >= '0' && c <= '9') || c == '-';
+    });
+}
+
 // The marker that `line` is: BEGIN or END, a colon and a name, with blanks around the two.
 std::optional<Marker> marker_of(std::string_view line) {
-    const std::size_t colon = line.substr(0, sizeof "BEGIN" + 16).find(':');
+    constexpr std::size_t kLongestWord = 20;  // blanks included; keeps the search short in long lines
+    const std::size_t colon = line.substr(0, kLongestWord).find(':');
     if (colon == std::string_view::npos) return std::nullopt;
     const std::string_view word = trimmed(line.substr(0, colon));
     const std::string_view name = trimmed(line.substr(colon + 1));
-    if (name.empty()) return std::nullopt;
+    if (!is_component_name(name)) return std::nullopt;
     if (equal_ignoring_case(word, "BEGIN")) return Marker{true, name};
     if (equal_ignoring_case(word, "END")) return Marker{false, name};
     return std::nullopt;
