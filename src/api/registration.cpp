@@ -23,7 +23,7 @@ void write_module_path() {
 
 }  // namespace
 
-RegistrationResult DllRegisterServer() noexcept {
+RegistrationResult DllRegisterServer() {
     try {
         write_module_path();
     } catch (...) {
@@ -33,7 +33,7 @@ RegistrationResult DllRegisterServer() noexcept {
     return 0;
 }
 
-RegistrationResult DllUnregisterServer() noexcept {
+RegistrationResult DllUnregisterServer() {
     for (const std::u16string_view name : kValueNames) {
         static_cast<void>(vzapi::platform::registry_delete_value(kKey, name));
     }
