@@ -92,18 +92,18 @@ TEST(ComponentLines, NestedComponentsOfTheSameNameDoNotCloseTheOuterOne) {
 }
 
 TEST(ComponentLines, AMissingEndReachesToTheEndAndAMissingNestedEndIsForgiven) {
-    EXPECT_EQ(texts_of(component_lines(object_of({"BEGIN:VCARD", "N:1"}), ComponentId::VCard)),
-              (Texts{"BEGIN:VCARD", "N:1"}));
-    EXPECT_EQ(
-        texts_of(component_lines(object_of({"BEGIN:VBKM", "URL:1", "BEGIN:ENV", "X:1", "END:VBKM", "URL:2"}),
-                                 ComponentId::VBkm)),
-        (Texts{"BEGIN:VBKM", "URL:1", "END:VBKM"}));
+    const VersitObject open = object_of({"BEGIN:VCARD", "N:1"});
+    EXPECT_EQ(texts_of(component_lines(open, ComponentId::VCard)), (Texts{"BEGIN:VCARD", "N:1"}));
+    const VersitObject nested_open =
+        object_of({"BEGIN:VBKM", "URL:1", "BEGIN:ENV", "X:1", "END:VBKM", "URL:2"});
+    EXPECT_EQ(texts_of(component_lines(nested_open, ComponentId::VBkm)),
+              (Texts{"BEGIN:VBKM", "URL:1", "END:VBKM"}));
 }
 
 TEST(ComponentLines, NamesAreComparedWithoutRegardToCase) {
-    EXPECT_EQ(
-        texts_of(component_lines(object_of({"begin:vcard", "n:1", "end:vcard", "x:1"}), ComponentId::VCard)),
-        (Texts{"begin:vcard", "n:1", "end:vcard"}));
+    const VersitObject object = object_of({"begin:vcard", "n:1", "end:vcard", "x:1"});
+    EXPECT_EQ(texts_of(component_lines(object, ComponentId::VCard)),
+              (Texts{"begin:vcard", "n:1", "end:vcard"}));
 }
 
 TEST(SelectLines, FollowTheOrderOfTheNamesThenOfTheText) {

@@ -16,13 +16,15 @@ using Lines = std::vector<std::basic_string<Unit>>;
 
 Lines<char> parsed(std::string_view text) {
     Lines<char> lines;
-    for (const VersitProperty& line : parse(text).lines()) lines.emplace_back(line.text());
+    const VersitObject object = parse(text);
+    for (const VersitProperty& line : object.lines()) lines.emplace_back(line.text());
     return lines;
 }
 
 Lines<char16_t> parsed(std::u16string_view text) {
     Lines<char16_t> lines;
-    for (const WideVersitProperty& line : parse_wide(text).lines()) lines.emplace_back(line.text());
+    const WideVersitObject object = parse_wide(text);
+    for (const WideVersitProperty& line : object.lines()) lines.emplace_back(line.text());
     return lines;
 }
 
@@ -56,10 +58,11 @@ TEST(Parser, ABareLineFeedBelongsToTheValue) {
         {"NOTE:a\n b\r\n", {"NOTE:a\n b"}},
         {"NOTE:a\nb\nc\r\nTEL:1\r\n", {"NOTE:a\nb\nc", "TEL:1"}},
         {"NOTE:a\n", {"NOTE:a\n"}},
-        {"\nNOTE:a\r\n", {}},  // nothing for it to belong to
         {"NOTE:a=\nb\r\n", {"NOTE:a=\nb"}},
         {"NOTE:a\x1B\r\nTEL:1\r\n", {"NOTE:a\n", "TEL:1"}},  // the mark itself in the text reads as one
+        {"\nlost:\r\nTEL:1\r\n", {"TEL:1"}},                 // no value for it to belong to
     });
+    EXPECT_EQ(parsed(std::string_view("\nNOTE:a\r\n")), Lines<char>{});
 }
 
 TEST(Parser, AFoldedLineIsJoinedWithoutItsFirstBlank) {
