@@ -12,6 +12,7 @@
 #include "platform/ole_string.h"
 #include "support/failing_allocations.h"
 #include "support/guard_page.h"
+#include "support/pointer_to.h"
 
 namespace vzapi::platform {
 namespace {
@@ -83,7 +84,7 @@ TEST(Heap, LeavesAloneWhatIsNoBlock) {
     expect_left_alone(on_the_stack.data() + 32, "inside stack");
     expect_left_alone(of_another_allocator.data(), "operator new");
     for (const std::uintptr_t address : {1U, 8U, 15U, 16U, 32U, 4096U}) {
-        expect_left_alone(reinterpret_cast<void*>(address), "small number");
+        expect_left_alone(test::pointer_to<void>(address), "small number");
     }
     for (const unsigned char byte : on_the_stack) EXPECT_EQ(byte, 0x5A);
     for (const unsigned char byte : of_another_allocator) EXPECT_EQ(byte, 0x5A);
@@ -105,11 +106,8 @@ TEST(Heap, LeavesAloneACopyOfABlockWithItsHeader) {
     auto* block = static_cast<unsigned char*>(heap_allocate(64));
     ASSERT_NE(block, nullptr);
     alignas(16) std::array<unsigned char, 80> copy{};
-    // By way of an integer: what stands in front of the block is not the test's to read.
-    const std::uintptr_t header = reinterpret_cast<std::uintptr_t>(block) - 16;
-    for (std::size_t i = 0; i < 16; ++i) {
-        copy[i] = *reinterpret_cast<const volatile unsigned char*>(header + i);
-    }
+    const volatile unsigned char* header = block - 16;
+    for (std::size_t i = 0; i < 16; ++i) copy[i] = header[i];
     expect_left_alone(copy.data() + 16, "copy");
     EXPECT_TRUE(heap_free(block));
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "support/guard_page.h"
+#include "support/pointer_to.h"
 
 namespace vzapi::platform {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 using test::GuardPage;
 
 const void* at(std::uintptr_t address) {
-    return reinterpret_cast<const void*>(address);
+    return test::pointer_to<const void>(address);
 }
 
 TEST(IsReadable, MemoryInUseIs) {

@@ -171,9 +171,10 @@ TEST(Utf8, LongTextsKeepTheirCharacters) {
         for (std::size_t before = 0; before < 2100; ++before) {
             if (before == 40) before = 1000;
             if (before == 1050) before = 2030;
-            const std::string bytes =
-                std::string(before, 'x') + std::string(character) + std::string(character) + "y";
-            const std::u16string text = std::u16string(before, u'x') + unit + unit + u"y";
+            std::string bytes(before, 'x');
+            bytes.append(character).append(character).append("y");
+            std::u16string text(before, u'x');
+            text.append(unit).append(unit).append(u"y");
             ASSERT_EQ(utf8_to_utf16(bytes), text) << before;
             ASSERT_EQ(utf16_to_utf8(text), bytes) << before;
         }
@@ -202,6 +203,7 @@ TEST(Utf8, AppendsBehindWhatIsThere) {
 }
 
 TEST(Utf8, ManySmallAppendsGrowTheTextGeometrically) {
+    if (!test::FailingAllocations::sees_operator_new()) GTEST_SKIP() << "operator new cannot be counted here";
     std::u16string text;
     std::string bytes;
     test::FailingAllocations count(test::FailingAllocations::kNone, test::Allocations::OperatorNew);
@@ -217,6 +219,7 @@ TEST(Utf8, ManySmallAppendsGrowTheTextGeometrically) {
 }
 
 TEST(Utf8, WellFormedTextTakesOneAllocation) {
+    if (!test::FailingAllocations::sees_operator_new()) GTEST_SKIP() << "operator new cannot be counted here";
     std::string bytes;
     std::u16string expected;
     for (int i = 0; i < 10000; ++i) {

@@ -21,8 +21,8 @@ std::u16string decoded(CodePage code_page, std::string_view bytes) {
 }
 
 bool is_installed(const char* charset) {
-    const iconv_t descriptor = iconv_open("UTF-16LE", charset);
-    if (descriptor == iconv_t(-1)) return false;
+    iconv_t descriptor = iconv_open("UTF-16LE", charset);
+    if (reinterpret_cast<std::intptr_t>(descriptor) == -1) return false;
     iconv_close(descriptor);
     return true;
 }
@@ -49,8 +49,8 @@ TEST(CodePage932OfPosix, BytesWithoutAMeaningBecomeReplacementCharacters) {
 // The user's locale as LC_ALL, LC_CTYPE and LANG have it.
 class Locale {
 public:
-    Locale(std::optional<std::string> all, std::optional<std::string> type,
-           std::optional<std::string> language)
+    using Name = std::optional<std::string>;
+    Locale(const Name& all, const Name& type, const Name& language)
         : all_("LC_ALL", all), type_("LC_CTYPE", type), language_("LANG", language) {}
 
 private:
@@ -135,6 +135,7 @@ TEST(SystemCodePageOfPosix, ConvertsInSeveralThreadsAtATime) {
     }
     std::vector<std::thread> threads;
     std::vector<int> right(4, 0);
+    threads.reserve(right.size());
     for (int& count : right) {
         threads.emplace_back([&] {
             for (int i = 0; i < 50; ++i) count += decoded(CodePage::SystemDefault, bytes) == text ? 1 : 0;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
-#include <signal.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 
 #include "platform/pointer_probe.h"

@@ -1,6 +1,6 @@
 #include "support/registry_sandbox.h"
 
-#include <stdlib.h>  // mkdtemp
+#include <cstdlib>  // mkdtemp
 
 #include <filesystem>
 #include <fstream>
