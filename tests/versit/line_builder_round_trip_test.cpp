@@ -254,7 +254,7 @@ TEST(LineBuilderRoundTrip, HeadsOfEveryLength) {
         SCOPED_TRACE(alphabet.name);
         for (std::size_t length = 0; length < 90; ++length) {
             const std::string parameters = length == 0 ? "" : ";" + std::string(length, 'P');
-            for (const std::size_t value_length : {0, 1, 2, 3, 12, 40, 100}) {
+            for (const std::size_t value_length : {0U, 1U, 2U, 3U, 12U, 40U, 100U}) {
                 const std::u16string value = make_value(alphabet, value_length, random);
                 expect_round_trip("X-NOTE", parameters, value, ValueForm::QuotedPrintable);
                 if (testing::Test::HasFatalFailure()) return;
