@@ -16,7 +16,7 @@ class VersitTextGenerator {
 public:
     explicit VersitTextGenerator(std::uint64_t seed) : random_(seed) {}
 
-    // A whole text, most of them short: pieces in any order, well-formed lines, or an object, as it is or
+    // A whole text, one in a thousand of several kilobytes, the others short: pieces in any order, well-formed lines, or an object, as it is or
     // mutated.
     [[nodiscard]] std::string text();
 
