@@ -7,8 +7,8 @@ Prints one line for each difference. Exit status: 0 none, 1 some, 2 usage or a t
 """
 
 import argparse
-import io
 import contextlib
+import io
 import re
 import subprocess
 import sys
@@ -16,7 +16,8 @@ import tempfile
 from pathlib import Path
 
 SYSTEM_DLLS = re.compile(
-    r"(kernel32|kernelbase|ntdll|msvcrt|ucrtbase|api-ms-win-crt-[a-z0-9-]+|ole32|oleaut32|advapi32|user32|shell32)\.dll",
+    r"(kernel32|kernelbase|ntdll|msvcrt|ucrtbase|api-ms-win-crt-[a-z0-9-]+|"
+    r"ole32|oleaut32|advapi32|user32|shell32)\.dll",
     re.IGNORECASE,
 )
 
@@ -76,7 +77,7 @@ def check_pe(options, expected):
     if not imports:
         yield "no imports found"
     for dll in imports:
-        if not SYSTEM_DLLS.fullmatch(dll):
+        if not options.system_dlls.fullmatch(dll):
             yield f"imported from a DLL that is not the system's: {dll}"
 
 
@@ -90,27 +91,35 @@ def check(options, list_path):
     return 1 if differences else 0
 
 
-def self_test(options):
-    """Shows on the library itself that a list with one name less, one more, or one changed is noticed."""
+def self_test_cases(options):
+    """Yields (message, names, changed options): what must be reported for a wrong list or a wrong expectation."""
     names = read_list(options.list)
-    cases = {
-        f"exported, but not in the list: {names[0]}": names[1:],
-        "not exported: NotAFunctionOfThisLibrary": names + ["NotAFunctionOfThisLibrary"],
-        f"not exported: _{names[-1]}@0": names[:-1] + [f"_{names[-1]}@0"],
-        f"listed more than once: {names[0]}": names + names[:1],
-    }
+    yield f"exported, but not in the list: {names[0]}", names[1:], {}
+    yield "not exported: NotAFunctionOfThisLibrary", names + ["NotAFunctionOfThisLibrary"], {}
+    yield f"not exported: _{names[-1]}@0", names[:-1] + [f"_{names[-1]}@0"], {}
+    yield f"listed more than once: {names[0]}", names + names[:1], {}
+    if options.format == "pe":
+        yield "imported from a DLL that is not the system's", names, {"system_dlls": re.compile("(?!)")}
+    else:
+        yield "wrong version node", names, {"version_node": "ANOTHER_NODE"}
+        yield "wrong SONAME", names, {"soname": "libanother.so.1"}
+
+
+def self_test(options):
+    """Shows on the library itself that each of the wrong expectations above is noticed."""
+    cases = list(self_test_cases(options))
     unnoticed = 0
     with tempfile.TemporaryDirectory() as folder:
-        for message, changed in cases.items():
+        for message, names, changed in cases:
             path = Path(folder) / "exports.txt"
-            path.write_text("\n".join(changed) + "\n", encoding="utf-8")
+            path.write_text("\n".join(names) + "\n", encoding="utf-8")
             output = io.StringIO()
             with contextlib.redirect_stdout(output):
-                status = check(options, path)
+                status = check(argparse.Namespace(**{**vars(options), **changed}), path)
             if status != 1 or message not in output.getvalue():
-                print(f"a changed list went unnoticed: {message}")
+                print(f"went unnoticed: {message}")
                 unnoticed += 1
-    print(f"{len(cases) - unnoticed} of {len(cases)} changed lists were noticed")
+    print(f"{len(cases) - unnoticed} of {len(cases)} wrong expectations were noticed")
     return 1 if unnoticed else 0
 
 
@@ -123,7 +132,8 @@ def parse_arguments():
     parser.add_argument("--objdump", default="objdump")
     parser.add_argument("--soname", help="expected SONAME (elf)")
     parser.add_argument("--version-node", help="expected symbol version (elf)")
-    parser.add_argument("--self-test", action="store_true", help="check instead that wrong lists are noticed")
+    parser.add_argument("--self-test", action="store_true", help="check instead that wrong expectations are noticed")
+    parser.set_defaults(system_dlls=SYSTEM_DLLS)
     return parser.parse_args()
 
 

@@ -10,6 +10,7 @@
 
 /* Record: bytes. Member: offset, bytes. One row a line, in the order of the headers. */
 /* clang-format off */
+/* NOLINTBEGIN(bugprone-sizeof-expression): the width of a pointer member is meant. */
 static const struct LayoutRow kRows[] = {
     RECORD(VersitData, 24),
     MEMBER(VersitData, size, 0, 4),
@@ -183,6 +184,7 @@ static const struct LayoutRow kRows[] = {
     MEMBER(DataObject, length, 8, 4),
     MEMBER(DataObject, text, 16, 8),
 };
+/* NOLINTEND(bugprone-sizeof-expression) */
 /* clang-format on */
 
 const struct LayoutRow* layout_rows(size_t* count) {

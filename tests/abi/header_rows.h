@@ -28,7 +28,7 @@ struct ConstantRow {
 /* An exported function. */
 struct FunctionRow {
     const char* name;
-    void (*address)(void);
+    void (*address)(void); /* NOLINT(modernize-redundant-void-arg): C needs it */
 };
 
 /* Each returns the first row of its table and sets `*count`. */

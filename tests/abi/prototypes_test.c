@@ -2,6 +2,7 @@
 #include "abi/header_rows.h"
 #include "vzapi/vzapi.h"
 
+/* NOLINTNEXTLINE(bugprone-macro-parentheses): a type stands bare in a generic selection. */
 #define HAS_TYPE(function, type) \
     _Static_assert(_Generic(&(function), type : 1, default : 0), #function " must have the type " #type)
 
