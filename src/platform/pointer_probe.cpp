@@ -11,8 +11,8 @@ std::uintptr_t address_of(const void* pointer) noexcept {
 }
 
 const void* pointer_to(std::uintptr_t address) noexcept {
-    return reinterpret_cast<const void*>(
-        address);  // NOLINT(performance-no-int-to-ptr): pages are numbers here
+    // Pages are numbers here. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    return reinterpret_cast<const void*>(address);
 }
 
 std::uintptr_t page_of(std::uintptr_t address) noexcept {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -14,7 +15,7 @@ namespace {
 using Byte = unsigned char;
 
 constexpr char16_t kReplacement = 0xFFFD;
-constexpr std::size_t kRun = 16;      // characters of an ASCII run that are looked at and copied together
+constexpr std::ptrdiff_t kRun = 16;   // characters of an ASCII run that are looked at and copied together
 constexpr std::size_t kChunk = 1024;  // characters of the source that are turned over between two appends
 
 // What may follow a lead byte (Unicode 15, table 3-7). `trailing` 0: no lead byte.
@@ -55,16 +56,40 @@ constexpr bool is_low_surrogate(char16_t unit) {
     return (unit & 0xFC00) == 0xDC00;
 }
 
+// The bits that no ASCII character has, in eight bytes of units.
+template <class Unit>
+constexpr std::uint64_t kNotAscii = sizeof(Unit) == 1 ? 0x8080808080808080U : 0xFF80FF80FF80FF80U;
+
 template <class Unit>
 bool is_ascii_run(const Unit* source) {
-    Unit all = 0;
-    for (std::size_t i = 0; i < kRun; ++i) all = static_cast<Unit>(all | source[i]);
-    return all < 0x80;
+    std::array<std::uint64_t, kRun * sizeof(Unit) / sizeof(std::uint64_t)> words;
+    std::memcpy(words.data(), source, sizeof words);
+    std::uint64_t all = 0;
+    for (const std::uint64_t word : words) all |= word;
+    return (all & kNotAscii<Unit>) == 0;
 }
 
-template <class Unit, class Out>
-void copy_run(const Unit* source, Out* out) {
-    for (std::size_t i = 0; i < kRun; ++i) out[i] = static_cast<Out>(source[i]);
+// A run of ASCII is widened and narrowed all at once.
+using Bytes [[gnu::vector_size(kRun)]] = Byte;
+using Units [[gnu::vector_size(2 * kRun)]] = std::uint16_t;
+static_assert(std::endian::native == std::endian::little);
+
+void copy_run(const Byte* source, char16_t* out) {
+    Bytes bytes;
+    std::memcpy(&bytes, source, sizeof bytes);
+    const Units units = __builtin_convertvector(bytes, Units);
+    std::memcpy(out, &units, sizeof units);
+}
+
+void copy_run(const char16_t* source, char* out) {
+    Bytes first;
+    Bytes second;
+    std::memcpy(&first, source, sizeof first);
+    std::memcpy(&second, source + kRun / 2, sizeof second);
+    // The low byte of each unit.
+    const Bytes run =
+        __builtin_shufflevector(first, second, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
+    std::memcpy(out, &run, sizeof run);
 }
 
 // Room for `more` units, at least doubling, so that many small appends stay linear.
@@ -73,21 +98,34 @@ void make_room(String& out, std::size_t more) {
     if (out.capacity() - out.size() < more) out.reserve(std::max(out.size() + more, 2 * out.capacity()));
 }
 
+// The sum of `weigh`, at most 2 for a unit, over all units. Blocks are summed in the units' own width, in
+// which the processor adds many at a time.
+template <class Unit, class Weigh>
+std::size_t sum(const Unit* source, const Unit* end, Weigh weigh) {
+    constexpr std::ptrdiff_t kBlock = 64;
+    std::size_t total = 0;
+    for (; end - source >= kBlock; source += kBlock) {
+        Unit block = 0;
+        for (std::ptrdiff_t i = 0; i < kBlock; ++i) block = static_cast<Unit>(block + weigh(source[i]));
+        total += block;
+    }
+    for (; source != end; ++source) total += weigh(*source);
+    return total;
+}
+
 // The units that well-formed text becomes. Ill-formed text may need more.
 std::size_t count_units(const Byte* source, const Byte* end) {
-    std::size_t units = 0;
-    for (; source != end; ++source)
-        units += std::size_t{(*source & 0xC0) != 0x80} + std::size_t{*source >= 0xF0};
-    return units;
+    return sum(source, end, [](Byte byte) {
+        return static_cast<Byte>(((byte & 0xC0) != 0x80 ? 1 : 0) + (byte >= 0xF0 ? 1 : 0));
+    });
 }
 
 // The bytes that well-formed text becomes. An unpaired surrogate needs one more.
 std::size_t count_bytes(std::u16string_view text) {
-    std::size_t bytes = text.size();
-    for (const char16_t unit : text) {
-        bytes += std::size_t{unit >= 0x80} + std::size_t{unit >= 0x800} - std::size_t{is_surrogate(unit)};
-    }
-    return bytes;
+    return text.size() + sum(text.data(), text.data() + text.size(), [](char16_t unit) {
+               return static_cast<char16_t>((unit >= 0x80 ? 1 : 0) +
+                                            (unit >= 0x800 && !is_surrogate(unit) ? 1 : 0));
+           });
 }
 
 // Takes one character, or one maximal ill-formed part, from a source that is not at its end; U+FFFD for the
@@ -148,17 +186,20 @@ char* put_bytes(char32_t character, char* out) {
 // Turns `source` over until `stop` is reached or, by the rest of one character, passed.
 template <class Unit, class Out, class Put>
 Out* turn_over(const Unit*& source, const Unit* stop, const Unit* end, Out* out, Put put) {
-    while (source < stop) {
-        if (*source >= 0x80) {
-            out = put(take_character(source, end), out);
-        } else if (static_cast<std::size_t>(stop - source) >= kRun && is_ascii_run(source)) {
-            copy_run(source, out);
-            source += kRun;
+    const Unit* at = source;  // in a register, where writing bytes cannot change it
+    while (at < stop) {
+        if (*at >= 0x80) {
+            out = put(take_character(at, end), out);
+        } else if (stop - at >= kRun && is_ascii_run(at)) {
+            copy_run(at, out);
+            at += kRun;
             out += kRun;
-        } else {
-            *out++ = static_cast<Out>(*source++);
+        } else {  // the run is shorter: up to its end
+            do *out++ = static_cast<Out>(*at++);
+            while (at < stop && *at < 0x80);
         }
     }
+    source = at;
     return out;
 }
 
