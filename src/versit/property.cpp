@@ -38,14 +38,16 @@ constexpr std::size_t pair_index(Unit first, Unit second) noexcept {
 }
 
 // 1 for the pairs that stand within the first four characters of a word.
-constexpr std::array<std::uint8_t, std::size_t{128} * 128> make_word_pairs() {
-    std::array<std::uint8_t, std::size_t{128} * 128> pairs{};
+using PairTable = std::array<std::uint8_t, std::size_t{128} * 128>;
+
+constexpr PairTable make_word_pairs() {
+    PairTable pairs{};
     for (const std::string_view word : kEncodingWords) {
         for (std::size_t at = 0; at < kPairStride; ++at) pairs[pair_index(word[at], word[at + 1])] = 1;
     }
     return pairs;
 }
-constexpr auto kWordPairs = make_word_pairs();
+constexpr PairTable kWordPairs = make_word_pairs();
 
 template <class Unit>
 bool starts_with(View<Unit> text, std::string_view ascii) noexcept {
@@ -54,8 +56,8 @@ bool starts_with(View<Unit> text, std::string_view ascii) noexcept {
                       [](char expected, Unit unit) { return unit == static_cast<Unit>(expected); });
 }
 
-// The first of the words before `best` that begins one of the places whose pair at `at` the search looks at;
-// `best` when there is none.
+// The first word of the list that has the pair at `at` within its first four characters; `best` when none of
+// the words before that one does.
 template <class Unit>
 std::size_t better_word_around(View<Unit> line, std::size_t at, std::size_t best) noexcept {
     for (std::size_t start = at - std::min(at, kPairStride - 1); start <= at; ++start) {
