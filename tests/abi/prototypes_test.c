@@ -2,9 +2,10 @@
 #include "abi/header_rows.h"
 #include "vzapi/vzapi.h"
 
-/* NOLINTNEXTLINE(bugprone-macro-parentheses): a type stands bare in a generic selection. */
+/* NOLINTBEGIN(bugprone-macro-parentheses): a type stands bare in a generic selection. */
 #define HAS_TYPE(function, type) \
     _Static_assert(_Generic(&(function), type : 1, default : 0), #function " must have the type " #type)
+/* NOLINTEND(bugprone-macro-parentheses) */
 
 HAS_TYPE(VZAPI_GetAPIVersion, uint32_t (*)(void));
 HAS_TYPE(VZAPI_Initialize, uint32_t (*)(uint32_t));
