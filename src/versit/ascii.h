@@ -50,13 +50,17 @@ template <class Unit>
            equals_ignoring_case(text.substr(0, ascii_upper.size()), ascii_upper);
 }
 
-// True when `text` holds `ascii_upper`, a non-empty literal in capitals, without regard to case.
+// True when `text` holds `ascii_upper`, a literal in capitals with at least one character that has no case, without
+// regard to case. That character is looked for first: it is rarer in text than any letter.
 template <class Unit>
 [[nodiscard]] constexpr bool contains_ignoring_case(std::basic_string_view<Unit> text,
                                                     std::string_view ascii_upper) noexcept {
-    while (text.size() >= ascii_upper.size()) {
-        if (starts_with_ignoring_case(text, ascii_upper)) return true;
-        text.remove_prefix(1);
+    std::size_t anchor = 0;
+    while (ascii_upper[anchor] >= 'A' && ascii_upper[anchor] <= 'Z') ++anchor;
+    std::size_t at = text.find(Unit(ascii_upper[anchor]), anchor);
+    while (at != text.npos) {
+        if (starts_with_ignoring_case(text.substr(at - anchor), ascii_upper)) return true;
+        at = text.find(Unit(ascii_upper[anchor]), at + 1);
     }
     return false;
 }

@@ -34,7 +34,7 @@ template <class Unit>
 bool is_bookmark_text(std::basic_string_view<Unit> text) {
     constexpr std::size_t kBlock = 64;
     constexpr std::size_t kPairAt = kBookmarkBegin.find("BK");
-    const auto lower = [](Unit unit) { return unit | Unit(0x20); };
+    const auto lower = [](Unit unit) { return static_cast<Unit>(unit | Unit(0x20)); };
     const auto has_marker = [&](std::size_t begin, std::size_t end) {
         for (std::size_t i = std::max(begin, kPairAt); i < end; ++i) {
             if (starts_with_ignoring_case(text.substr(i - kPairAt), kBookmarkBegin)) return true;
@@ -43,9 +43,10 @@ bool is_bookmark_text(std::basic_string_view<Unit> text) {
     };
     std::size_t at = 0;
     for (; at + kBlock < text.size(); at += kBlock) {
-        unsigned pairs = 0;
+        Unit pairs = 0;
         for (std::size_t i = at; i < at + kBlock; ++i) {
-            pairs |= unsigned{lower(text[i]) == Unit('b')} & unsigned{lower(text[i + 1]) == Unit('k')};
+            const bool pair = (lower(text[i]) == Unit('b')) & (lower(text[i + 1]) == Unit('k'));
+            pairs = static_cast<Unit>(pairs | static_cast<Unit>(pair));
         }
         if (pairs != 0 && has_marker(at, at + kBlock)) return true;
     }

@@ -1,0 +1,227 @@
+#!/usr/bin/env python3
+"""Runs vzconv on the samples and on hostile surroundings, and compares what it prints and how it exits.
+
+Usage: run_cases.py VZCONV [EMULATOR ...]
+
+Samples are the *.vbm files of tests/data/bookmarks. Beside each stands what the commands print for it:
+.expected.json (json), .expected.txt (show), .expected.check (check), and, where something is to be said on standard
+error, .expected.err (json and show) and .expected.check.err (check). The *.json files of from-json are the input of
+the command versit, with .expected.vbm and .expected.err. A message that is no warning is a failure: exit status 1.
+Every case expects the same bytes on every platform.
+"""
+
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "bookmarks"
+FROM_JSON = SAMPLES / "from-json"
+BOOKMARK = b"BEGIN:VBKM\r\nVERSION:1.0\r\nTITLE:%s\r\nURL:http://www.example.com/\r\nEND:VBKM\r\n"
+BOOKMARK_JSON = b'{"kind":"bookmark","title":"%s","url":"http://www.example.com/"}\n'
+
+
+class Tool:
+    """The program under test, with the emulator that runs it."""
+
+    def __init__(self, command):
+        self.command = command
+
+    def run(self, *arguments, cwd=SAMPLES, stdin=b"", stdout=subprocess.PIPE):
+        environment = dict(os.environ, LC_ALL="C.UTF-8")
+        return subprocess.run(
+            [*self.command, *arguments], cwd=cwd, input=stdin, stdout=stdout, stderr=subprocess.PIPE,
+            env=environment, timeout=300, check=False)
+
+
+class Cases:
+    """Counts the cases and keeps the names of those that went wrong."""
+
+    def __init__(self):
+        self.count = 0
+        self.failures = []
+
+    def expect(self, name, **pairs):
+        """One case: every pair of (expected, actual) values is equal."""
+        self.count += 1
+        wrong = {what: pair for what, pair in pairs.items() if pair[0] != pair[1]}
+        print(("FAILED " if wrong else "ok     ") + name)
+        for what, (expected, actual) in wrong.items():
+            print(f"    {what}: {first_difference(expected, actual)}")
+        if wrong:
+            self.failures.append(name)
+
+    def expect_run(self, name, result, out=b"", err=b"", status=0):
+        self.expect(name, stdout=(out, result.stdout), stderr=(err, result.stderr),
+                    status=(status, result.returncode))
+
+
+def first_difference(expected, actual):
+    if not isinstance(expected, bytes):
+        return f"expected {expected!r}, got {actual!r}"
+    at = len(os.path.commonprefix([expected, actual]))
+    line = expected.count(b"\n", 0, at) + 1
+    column = at - (expected.rfind(b"\n", 0, at) + 1) + 1
+    return f"line {line}, column {column}: expected {expected[at:at + 60]!r}, got {actual[at:at + 60]!r}"
+
+
+def expected_bytes(sample, suffix):
+    """What is expected of a sample; messages may be missing, results may not."""
+    path = sample.with_suffix(".expected" + suffix)
+    if suffix.endswith(".err") and not path.exists():
+        return b""
+    return path.read_bytes()
+
+
+def status_for(messages):
+    return 1 if any(b": warning: " not in line for line in messages.splitlines()) else 0
+
+
+def sample_cases(tool, cases):
+    for sample in sorted(SAMPLES.glob("*.vbm")):
+        messages = expected_bytes(sample, ".err")
+        for command, suffix in (("json", ".json"), ("show", ".txt")):
+            cases.expect_run(f"{command} {sample.name}", tool.run(command, sample.name),
+                             expected_bytes(sample, suffix), messages, status_for(messages))
+        verdicts = expected_bytes(sample, ".check")
+        messages = expected_bytes(sample, ".check.err")
+        bad = any(not is_good_verdict(line) for line in verdicts.splitlines())
+        cases.expect_run(f"check {sample.name}", tool.run("check", sample.name), verdicts, messages,
+                         1 if bad else status_for(messages))
+
+
+def is_good_verdict(line):
+    return line.split(b": ", 2)[2].startswith(b"ok")
+
+
+def from_json_cases(tool, cases):
+    for sample in sorted(FROM_JSON.glob("*.json")):
+        messages = expected_bytes(sample, ".err")
+        cases.expect_run(f"versit {sample.name}", tool.run("versit", sample.name, cwd=FROM_JSON),
+                         expected_bytes(sample, ".vbm"), messages, status_for(messages))
+
+
+def round_trip_cases(tool, cases):
+    """What json prints is JSON line by line, goes through versit and comes back the same."""
+    for expected in sorted(SAMPLES.glob("*.expected.json")):
+        objects = expected.read_bytes()
+        if not objects:
+            continue
+        for line in objects.decode("utf-8").split("\n")[:-1]:
+            cases.expect(f"JSON in {expected.name}", kind=("bookmark", json.loads(line)["kind"]))
+        versit = tool.run("versit", expected.name)
+        cases.expect(f"versit {expected.name}", stderr=(b"", versit.stderr), status=(0, versit.returncode))
+        cases.expect_run(f"json of versit of {expected.name}", tool.run("json", "-", stdin=versit.stdout), objects)
+
+
+def input_cases(tool, cases, folder):
+    text = BOOKMARK % b"A" + BOOKMARK % b"B"
+    objects = BOOKMARK_JSON % b"A" + BOOKMARK_JSON % b"B"
+    cases.expect_run("json of standard input", tool.run("json", "-", stdin=text), objects)
+    cases.expect_run("versit of standard input", tool.run("versit", "-", stdin=objects), text)
+    cases.expect_run("messages name standard input by its dash", tool.run("json", "-", stdin=b"\n\nhello"),
+                     err=b"-: holds no versit object\n", status=1)
+    for name in ("Überblick ä.vbm", "ブックマーク.vbm", "закладки.vbm", "two words.vbm", "[a,b]", "json", "=", "a'b&c.vbm"):
+        (folder / name).write_bytes(BOOKMARK % b"A")
+        cases.expect_run(f"file name {name}", tool.run("json", name, cwd=folder), BOOKMARK_JSON % b"A")
+        cases.expect_run(f"file name {name} in messages", tool.run("check", name, cwd=folder),
+                         f"{name}:1: bookmark: ok\n".encode())
+    (folder / "-dash.vbm").write_bytes(BOOKMARK % b"A")
+    cases.expect_run("file name behind --", tool.run("json", "--", "-dash.vbm", cwd=folder), BOOKMARK_JSON % b"A")
+    cases.expect_run("missing file between two others",
+                     tool.run("json", "json", "missing.vbm", "=", cwd=folder), BOOKMARK_JSON % b"A" * 2,
+                     b"missing.vbm: cannot be opened: No such file or directory\n", 1)
+    cases.expect_run("missing file, check", tool.run("check", "missing.vbm", "=", cwd=folder),
+                     b"=:1: bookmark: ok\n", b"missing.vbm: cannot be opened: No such file or directory\n", 1)
+    cases.expect_run("missing file, versit", tool.run("versit", "missing.json", cwd=folder),
+                     b"", b"missing.json: cannot be opened: No such file or directory\n", 1)
+    (folder / "inside").mkdir()
+    cases.expect_run("folder in place of a file", tool.run("json", "inside", cwd=folder), b"",
+                     b"inside: is a directory\n", 1)
+    cases.expect_run("show parts objects of several files by an empty line",
+                     tool.run("show", "json", "=", cwd=folder),
+                     b"\n".join([b"Bookmark\n  Title     A\n  Address   http://www.example.com/\n"] * 2))
+
+
+def large_cases(tool, cases, folder):
+    many = b"".join(BOOKMARK % b"%d" % i for i in range(100000))
+    objects = b"".join(BOOKMARK_JSON % b"%d" % i for i in range(100000))
+    (folder / "many.vbm").write_bytes(many)
+    (folder / "many.json").write_bytes(objects)
+    cases.expect_run("json of a hundred thousand bookmarks", tool.run("json", "many.vbm", cwd=folder), objects)
+    cases.expect_run("versit of a hundred thousand bookmarks", tool.run("versit", "many.json", cwd=folder), many)
+    (folder / "many.vbm").write_bytes(many.replace(b"\r", b""))
+    cases.expect_run("json of a hundred thousand bookmarks with line feeds only",
+                     tool.run("json", "many.vbm", cwd=folder), objects)
+    title = b"t" * (64 << 20)
+    (folder / "long.vbm").write_bytes(BOOKMARK % title)
+    cases.expect_run("json of a title of 64 MB", tool.run("json", "long.vbm", cwd=folder), BOOKMARK_JSON % title)
+    begins = b"BEGIN:VBKM\n" * 100000
+    verdict = b"-:%d: bookmark: no END:VBKM before the BEGIN:VBKM of line %d\n"
+    last = b"-:100000: bookmark: no END:VBKM before the end of the text\n"
+    cases.expect_run("check of a hundred thousand objects without END", tool.run("check", "-", stdin=begins),
+                     b"".join(verdict % (i, i + 1) for i in range(1, 100000)) + last, b"", 1)
+
+
+def usage_cases(tool, cases):
+    hint = b"\nTry vzconv --help.\n"
+    rows = (
+        ("no arguments", (), b"vzconv: a command is required"),
+        ("no such command", ("convert", "a.vbm"), b'vzconv: there is no command "convert"'),
+        ("no such option", ("--verbose", "show", "a.vbm"), b'vzconv: there is no option "--verbose"'),
+        ("no such option of a command", ("show", "--verbose", "a.vbm"),
+         b"vzconv: The following argument was not expected: --verbose"),
+        ("show without files", ("show",), b"vzconv: FILE is required"),
+        ("json without files", ("json",), b"vzconv: FILE is required"),
+        ("versit without files", ("versit",), b"vzconv: FILE is required"),
+        ("check without files", ("check",), b"vzconv: FILE is required"),
+    )
+    for name, arguments, message in rows:
+        cases.expect_run(name, tool.run(*arguments), err=message + hint, status=2)
+    for arguments, words in ((("--help",), b"Commands:"), (("json", "--help"), b"FILE ..."),
+                             (("--version",), b"vzconv 16.")):
+        result = tool.run(*arguments)
+        cases.expect(" ".join(arguments), stdout=(True, words in result.stdout), stderr=(b"", result.stderr),
+                     status=(0, result.returncode))
+
+
+def lost_output_cases(tool, cases):
+    message = b"vzconv: standard output cannot be written\n"
+    for arguments in (("json", "plain-ascii.vbm"), ("show", "plain-ascii.vbm"), ("check", "plain-ascii.vbm"),
+                      ("versit", "from-json/fields.json"), ("--help",)):
+        with open("/dev/full", "wb") as full:
+            result = tool.run(*arguments, stdout=full)
+        cases.expect(f"full disk: {arguments[0]}", stderr=(message, result.stderr), status=(1, result.returncode))
+    reader, writer = os.pipe()
+    os.close(reader)
+    result = tool.run("json", "plain-ascii.vbm", stdout=writer)
+    os.close(writer)
+    cases.expect("nobody reads the output", stderr=(message, result.stderr), status=(1, result.returncode))
+
+
+def main():
+    if len(sys.argv) < 2:
+        print(__doc__)
+        return 2
+    tool = Tool([*sys.argv[2:], os.path.abspath(sys.argv[1])])
+    cases = Cases()
+    folder = pathlib.Path(tempfile.mkdtemp(prefix="vzconv-"))
+    try:
+        sample_cases(tool, cases)
+        from_json_cases(tool, cases)
+        round_trip_cases(tool, cases)
+        input_cases(tool, cases, folder)
+        usage_cases(tool, cases)
+        lost_output_cases(tool, cases)
+        large_cases(tool, cases, folder)
+    finally:
+        shutil.rmtree(folder)
+    print(f"{cases.count} cases, {len(cases.failures)} failed")
+    return 1 if cases.failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,61 @@
+#include "vzconv/bookmark.h"
+
+#include "vzapi/bookmark.h"
+#include "vzconv/json_fields.h"
+#include "vzconv/library.h"
+#include "vzconv/readable.h"
+#include "vzconv/unicode.h"
+
+namespace vzconv {
+namespace {
+
+using Bookmark = ReadRecord<BookmarkItem, VZ_TYPE_BOOKMARK>;
+
+struct Field {
+    char16_t* BookmarkItem::*member;
+    const char* key;
+    const char* label;
+};
+
+constexpr Field kFields[] = {
+    {&BookmarkItem::title, "title", "Title"},
+    {&BookmarkItem::url, "url", "Address"},
+    {&BookmarkItem::shortcut, "shortcut", "Shortcut"},
+};
+
+std::string show(std::string_view text) {
+    const Bookmark bookmark(text);
+    Readable readable("Bookmark");
+    for (const Field& field : kFields) {
+        const char16_t* value = (*bookmark).*field.member;
+        if (value != nullptr) readable.field(field.label, utf8_from_utf16(value));
+    }
+    return readable.text();
+}
+
+void to_json(std::string_view text, nlohmann::ordered_json& object) {
+    const Bookmark bookmark(text);
+    for (const Field& field : kFields) {
+        const char16_t* value = (*bookmark).*field.member;
+        if (value != nullptr) object[field.key] = utf8_from_utf16(value);
+    }
+}
+
+std::string from_json(const nlohmann::json& object) {
+    JsonFields fields(object);
+    std::optional<std::u16string> values[std::size(kFields)];
+    BookmarkItem item{};
+    item.size = sizeof item;
+    for (std::size_t i = 0; i < std::size(kFields); ++i) {
+        values[i] = fields.text(kFields[i].key);
+        if (values[i]) item.*kFields[i].member = values[i]->data();
+    }
+    fields.expect_no_more();
+    return write_record(VZ_TYPE_BOOKMARK, &item);
+}
+
+}  // namespace
+
+const Converter kBookmarkConverter = {show, to_json, from_json};
+
+}  // namespace vzconv

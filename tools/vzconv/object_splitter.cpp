@@ -1,0 +1,212 @@
+#include "vzconv/object_splitter.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "vzconv/ascii.h"
+
+namespace vzconv {
+namespace {
+
+// A component that is an object of its own when it stands outside of any other.
+struct Component {
+    std::string_view name;
+    bool holds_objects;  // whether other such components may stand inside
+};
+
+constexpr Component kComponents[] = {
+    {"VBKM", false},
+    {"VCARD", false},  // but for the card of an agent
+    {"VCALENDAR", false},
+    {"VMSG", true},  // the cards of sender and recipients, and whatever its body quotes
+};
+
+const Component* component_of(std::string_view name) {
+    for (const Component& component : kComponents) {
+        if (equal_ignoring_case(component.name, name)) return &component;
+    }
+    return nullptr;
+}
+
+struct Marker {
+    bool begins;
+    std::string_view name;
+};
+
+// Names are of letters, digits and '-': "begin: all rooms, at 5" is a line of a letter.
+bool is_component_name(std::string_view name) {
+    constexpr std::size_t kLongest = 40;
+    if (name.empty() || name.size() > kLongest) return false;
+    return std::all_of(name.begin(), name.end(), [](char c) {
+        return (upper(c) >= 'A' && upper(c) <= 'Z') || (c >= '0' && c <= '9') || c == '-';
+    });
+}
+
+// The marker that `line` is: BEGIN or END, a colon and a name, with blanks around the two.
+std::optional<Marker> marker_of(std::string_view line) {
+    constexpr std::size_t kLongestWord = 20;  // blanks included; keeps the search short in long lines
+    const std::size_t colon = line.substr(0, kLongestWord).find(':');
+    if (colon == std::string_view::npos) return std::nullopt;
+    const std::string_view word = trimmed(line.substr(0, colon));
+    const std::string_view name = trimmed(line.substr(colon + 1));
+    if (!is_component_name(name)) return std::nullopt;
+    if (equal_ignoring_case(word, "BEGIN")) return Marker{true, name};
+    if (equal_ignoring_case(word, "END")) return Marker{false, name};
+    return std::nullopt;
+}
+
+// A line that begins with a blank continues the line before it and is no marker of the object it stands in.
+std::optional<Marker> marker_inside(std::string_view line) {
+    if (line.empty() || is_blank(line.front())) return std::nullopt;
+    return marker_of(line);
+}
+
+// NUL counts: devices pad their files with it.
+bool is_blank_line(std::string_view line) {
+    for (const char c : line) {
+        if (!is_blank(c) && c != '\0') return false;
+    }
+    return true;
+}
+
+// Whether the value of `line` is the card of an agent: the property AGENT, with or without a group before it.
+bool is_agent(std::string_view line) {
+    const std::size_t name_end = line.find_first_of(":;");
+    if (name_end == std::string_view::npos) return false;
+    const std::string_view name = trimmed(line.substr(0, name_end));
+    const std::size_t dot = name.rfind('.');
+    return equal_ignoring_case(dot == std::string_view::npos ? name : name.substr(dot + 1), "AGENT");
+}
+
+// "AGENT:BEGIN:VCARD": the card of the agent begins on the same line.
+bool begins_agent_card(std::string_view line) {
+    if (!is_agent(line)) return false;
+    const std::optional<Marker> marker = marker_of(line.substr(line.find(':') + 1));
+    return marker && marker->begins && equal_ignoring_case(marker->name, "VCARD");
+}
+
+bool is_empty_agent(std::string_view line) {
+    return is_agent(line) && trimmed(line).back() == ':';
+}
+
+std::string missing_end(std::string_view component, const std::string& before) {
+    return "no END:" + std::string(component) + " before " + before;
+}
+
+// What the lines of an open object say about where it ends.
+class OpenObject {
+public:
+    OpenObject(std::string_view name, const Component* component) : name_(name), component_(component) {}
+
+    enum class Step { Inside, Last, Interrupted };
+
+    Step look_at(std::string_view line) {
+        const std::optional<Marker> marker = marker_inside(line);
+        if (!marker) {
+            look_for_agent(line);
+            return Step::Inside;
+        }
+        const bool agent_comes = agent_comes_;
+        agent_comes_ = false;
+        if (!marker->begins) return equal_ignoring_case(marker->name, name_) ? step_out() : Step::Inside;
+        if (agent_comes && equal_ignoring_case(marker->name, "VCARD")) {
+            ++depth_;
+            return Step::Inside;
+        }
+        return is_interrupted_by(marker->name) ? Step::Interrupted : Step::Inside;
+    }
+
+private:
+    void look_for_agent(std::string_view line) {
+        if (component_ == nullptr || component_->name != "VCARD" || is_blank_line(line)) return;
+        if (!is_blank(line.front()) && begins_agent_card(line)) ++depth_;
+        agent_comes_ = !is_blank(line.front()) && is_empty_agent(line);
+    }
+
+    Step step_out() { return --depth_ == 0 ? Step::Last : Step::Inside; }
+
+    bool is_interrupted_by(std::string_view name) const {
+        const Component* other = component_of(name);
+        if (other == nullptr) return false;
+        return component_ == nullptr || other == component_ || !component_->holds_objects;
+    }
+
+    std::string_view name_;
+    const Component* component_;
+    int depth_ = 1;
+    bool agent_comes_ = false;
+};
+
+}  // namespace
+
+bool ObjectSplitter::next(Piece& piece) {
+    while (next_line()) {
+        if (is_blank_line(line_.text)) continue;
+        const std::size_t blanks = line_.text.find_first_not_of(" \t");
+        const std::size_t begin = line_.begin + blanks;
+        const std::optional<Marker> marker = marker_of(line_.text);
+        piece = {Piece::Form::Stray, {}, {}, line_.number, {}};
+        if (marker && marker->begins) {
+            const Component* component = component_of(marker->name);
+            piece.form = component != nullptr ? Piece::Form::Object : Piece::Form::Unknown;
+            piece.component = component != nullptr ? component->name : marker->name;
+            rest_of_object(piece, begin);
+        } else {
+            rest_of_stray(piece, begin);
+        }
+        return true;
+    }
+    return false;
+}
+
+bool ObjectSplitter::next_line() {
+    if (line_is_pending_) {
+        line_is_pending_ = false;
+        return true;
+    }
+    return lines_.next(line_);
+}
+
+void ObjectSplitter::rest_of_object(Piece& piece, std::size_t begin) {
+    const bool is_known = piece.form == Piece::Form::Object;
+    if (!is_known) piece.reason = "no kind of object that vzconv knows";
+    OpenObject object(piece.component, component_of(piece.component));
+    while (next_line()) {
+        const OpenObject::Step step = object.look_at(line_.text);
+        if (step == OpenObject::Step::Inside) continue;
+        std::size_t end = line_.begin;
+        if (step == OpenObject::Step::Last) {
+            end += line_.text.size() + line_.ending.size();
+        } else {
+            line_is_pending_ = true;
+            if (is_known) {
+                piece.form = Piece::Form::Unfinished;
+                const std::string_view other = component_of(marker_of(line_.text)->name)->name;
+                piece.reason = missing_end(piece.component, "the BEGIN:" + std::string(other) + " of line " +
+                                                                std::to_string(line_.number));
+            }
+        }
+        piece.text = text_.substr(begin, end - begin);
+        return;
+    }
+    piece.text = text_.substr(begin);
+    if (is_known) {
+        piece.form = Piece::Form::Unfinished;
+        piece.reason = missing_end(piece.component, "the end of the text");
+    }
+}
+
+void ObjectSplitter::rest_of_stray(Piece& piece, std::size_t begin) {
+    std::size_t end = line_.begin + line_.text.size();
+    while (next_line()) {
+        const std::optional<Marker> marker = marker_of(line_.text);
+        if (marker && marker->begins) {
+            line_is_pending_ = true;
+            break;
+        }
+        if (!is_blank_line(line_.text)) end = line_.begin + line_.text.size();
+    }
+    piece.text = text_.substr(begin, end - begin);
+}
+
+}  // namespace vzconv

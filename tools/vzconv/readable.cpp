@@ -1,0 +1,59 @@
+#include "vzconv/readable.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace vzconv {
+namespace {
+
+constexpr std::size_t kIndent = 2;
+constexpr std::size_t kLabelWidth = 10;
+
+// The picture of a C0 control or DEL (U+2400 to U+2421), which is three bytes.
+void append_picture(std::string& out, unsigned char control) {
+    const unsigned low = control == 0x7F ? 0x21 : control;
+    out.append("\xE2\x90").push_back(static_cast<char>(0x80 + low));
+}
+
+// A C1 control (U+0080 to U+009F) is C2 and its own number in UTF-8; some terminals obey those too.
+bool is_c1_control(std::string_view value, std::size_t at) {
+    if (value[at] != '\xC2' || at + 1 == value.size()) return false;
+    const auto second = static_cast<unsigned char>(value[at + 1]);
+    return second >= 0x80 && second <= 0x9F;
+}
+
+void append_value(std::string& out, std::string_view value) {
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(value[i]);
+        if (value[i] == '\n') {
+            out.append("\n").append(kIndent + kLabelWidth, ' ');
+        } else if (value.substr(i).starts_with("\r\n")) {
+            continue;
+        } else if (is_c1_control(value, i)) {
+            out.append("\xEF\xBF\xBD");
+            ++i;
+        } else if ((byte < 0x20 && value[i] != '\t') || byte == 0x7F) {
+            append_picture(out, byte);
+        } else {
+            out.push_back(value[i]);
+        }
+    }
+}
+
+}  // namespace
+
+Readable::Readable(std::string_view heading) : heading_(heading) {}
+
+void Readable::field(std::string_view label, std::string_view value) {
+    fields_.append(kIndent, ' ')
+        .append(label)
+        .append(kLabelWidth - std::min(label.size(), kLabelWidth - 1), ' ');
+    append_value(fields_, value);
+    fields_.push_back('\n');
+}
+
+std::string Readable::text() const {
+    return heading_ + "\n" + (fields_.empty() ? "  (empty)\n" : fields_);
+}
+
+}  // namespace vzconv

@@ -1,0 +1,25 @@
+// Text for a person: a heading and a line for each field that is there.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vzconv {
+
+// Builds the text of one object. Further lines of a value stand below its first one. Control characters,
+// which would reach the terminal of whoever looks at a file, are shown as their Unicode pictures.
+class Readable {
+public:
+    explicit Readable(std::string_view heading);
+
+    // `value` is UTF-8.
+    void field(std::string_view label, std::string_view value);
+
+    std::string text() const;
+
+private:
+    std::string heading_;
+    std::string fields_;
+};
+
+}  // namespace vzconv

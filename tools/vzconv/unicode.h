@@ -1,0 +1,15 @@
+// UTF-8 to UTF-16 and back. What is no Unicode text (ill-formed bytes, an unpaired surrogate) becomes U+FFFD,
+// so that the result is always well-formed.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vzconv {
+
+std::string utf8_from_utf16(std::u16string_view text);
+
+// One U+FFFD stands for each maximal part of an ill-formed sequence.
+std::u16string utf16_from_utf8(std::string_view text);
+
+}  // namespace vzconv
