@@ -183,7 +183,7 @@ int property_encoding(const Text<Unit>& line) {
 std::string decoded_value(const std::string& line, int default_encoding) {
     int encoding = property_encoding(line);
     if (encoding == -2) encoding = default_encoding;
-    const std::string value = property_value(line);
+    std::string value = property_value(line);
     if (encoding == 2) return decode_quoted_printable(value);
     if (encoding == 3 || encoding == 4 || encoding == 5) return decode_base64(value);
     return value;

@@ -169,7 +169,7 @@ std::list<Text<Unit>> pass_5_unfold(const PhysicalLines<Unit>& physical_lines) {
             accumulator.clear();
         } else {
             const bool is_base64 = mentions_base64(lines[i]) || mentions_base64(head_line_of(lines, i));
-            accumulator = without_leading_blank(line, is_base64) + accumulator;
+            accumulator.insert(0, without_leading_blank(line, is_base64));
         }
     }
     return result;

@@ -18,7 +18,7 @@
 namespace vzapi::test {
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 // The longest of the sequences that are tried one and all.
 std::size_t sequence_length() {

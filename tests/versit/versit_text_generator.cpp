@@ -6,7 +6,7 @@
 namespace vzapi::test {
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 using Pieces = std::string_view[];
 
 constexpr Pieces kLineEnds = {"\r\n", "\r\n", "\r\n",   "\r\n",   "\r\n",  "\r\n",
@@ -142,33 +142,44 @@ constexpr Pieces kPieces = {
     "\n\n",
 };
 
-constexpr Pieces kObjects = {
+constexpr std::string_view kCard =
     "BEGIN:VCARD\r\nVERSION:2.1\r\nN:Sample;Sam\r\nFN:Sam Sample\r\nitem1.TEL;CELL:+10005550100\r\n"
     "ADR;HOME;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:;;1 Stra=C3=9Fe=\r\n;Town;;12345=0D=0A=\r\nLand;\r\n"
     "PHOTO;JPEG;ENCODING=BASE64:\r\n /9j/4AAQSkZJRgABAQ\r\n    EASABIAAD/2wBDAAU=\r\n\r\nNOTE:long\r\n  "
     "text\r\n"
-    "X-CLASS:private\r\nEND:VCARD\r\n",
+    "X-CLASS:private\r\nEND:VCARD\r\n";
+
+constexpr std::string_view kGroup =
+    "BEGIN:VCARD\r\nX-CNTGRP:1\r\nN;CHARSET=UTF-8;ENCODING=8BIT:Gr\xC3\xBC\x6E\r\nNOTE:one\ntwo\n three\r\n"
+    "KEY;BASE64:\r\n  AAECAwQF\r\n  BgcICQ==\r\n\r\nEND:VCARD";
+
+constexpr std::string_view kCalendar =
     "BEGIN:VCALENDAR\r\nVERSION:1.0\r\nTZ:+01\r\nBEGIN:VEVENT\r\nUID:1\r\nSUMMARY;QUOTED-PRINTABLE:Tea=20="
     "\r\n"
     "and cake\r\nDTSTART:20260102T030405Z\r\nDALARM:20260102T030000Z;;;x\r\nRRULE:W1 MO "
     "#0\r\nBEGIN:VALARM\r\n"
-    "TRIGGER:-PT5M\r\nEND:VALARM\r\nEND:VEVENT\r\nBEGIN:VTODO\r\nDUE:20260103\r\nEND:VTODO\r\nEND:"
-    "VCALENDAR\r\n",
+    "TRIGGER:-PT5M\r\nEND:VALARM\r\nEND:VEVENT\r\nBEGIN:VTODO\r\nDUE:20260103\r\nEND:VTODO\r\n"
+    "END:VCALENDAR\r\n";
+
+constexpr std::string_view kBookmark =
     "BEGIN:VBKM\r\nVERSION:1.0\r\nTITLE;CHARSET=UTF-8:Caf\xC3\xA9\r\nURL:http://example.org/"
     "?q=\r\nBEGIN:ENV\r\n"
-    "X-IRMC-URL;QUOTED-PRINTABLE:=\r\n[InternetShortcut]=\r\nURL=example.org/"
-    "a=3Db\r\nEND:ENV\r\nEND:VBKM\r\n",
+    "X-IRMC-URL;QUOTED-PRINTABLE:=\r\n[InternetShortcut]=\r\nURL=example.org/a=3Db\r\nEND:ENV\r\n"
+    "END:VBKM\r\n";
+
+constexpr std::string_view kMessage =
     "BEGIN:VMSG\r\nVERSION:1.1\r\nX-IRMC-STATUS:READ\r\nX-MESSAGE-TYPE:DELIVER\r\nBEGIN:VCARD\r\nVERSION:2."
     "1\r\n"
     "N:Sample\r\nTEL:+10005550101\r\nEND:VCARD\r\nBEGIN:VENV\r\nBEGIN:VENV\r\nBEGIN:VBODY\r\nDate:1.1."
     "2026\r\n"
-    "Hello =\r\n you\n\nbye\r\nEND:VBODY\r\nEND:VENV\r\nEND:VENV\r\nEND:VMSG\r\n",
+    "Hello =\r\n you\n\nbye\r\nEND:VBODY\r\nEND:VENV\r\nEND:VENV\r\nEND:VMSG\r\n";
+
+constexpr std::string_view kMessagesWithLineFeeds =
     "BEGIN:VMSG\nVERSION:1.1\nBEGIN:VENV\nBEGIN:VBODY\nTEL: a quoted\nEND:VBODY\nis "
     "here\nEND:VBODY\nEND:VENV\n"
-    "BEGIN:VENV\nBEGIN:VBODY\nsecond\nEND:VBODY\nEND:VENV\nEND:VMSG\n",
-    "BEGIN:VCARD\r\nX-CNTGRP:1\r\nN;CHARSET=UTF-8;ENCODING=8BIT:Gr\xC3\xBC\x6E\r\nNOTE:one\ntwo\n three\r\n"
-    "KEY;BASE64:\r\n  AAECAwQF\r\n  BgcICQ==\r\n\r\nEND:VCARD",
-};
+    "BEGIN:VENV\nBEGIN:VBODY\nsecond\nEND:VBODY\nEND:VENV\nEND:VMSG\n";
+
+constexpr Pieces kObjects = {kCard, kGroup, kCalendar, kBookmark, kMessage, kMessagesWithLineFeeds};
 
 constexpr Pieces kEncodedPieces = {
     "A",  "z",  "09",   "+/", "AAAA", "QUJD", "=", "==", "=3D", "=c3=A9", "=0d=0A", "=G0",  "=0G",
