@@ -12,6 +12,11 @@ if(VZAPI_SANITIZE)
     target_compile_options(vzapi_compile_options INTERFACE
         -fsanitize=${VZAPI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(vzapi_compile_options INTERFACE -fsanitize=${VZAPI_SANITIZE})
+    # A program in C brings the sanitizer runtime that the C++ of the library needs.
+    if(CMAKE_C_COMPILER_ID STREQUAL "Clang")
+        set(VZAPI_SANITIZE_C_LINK -fsanitize-link-c++-runtime -lstdc++)
+        target_link_options(vzapi_compile_options INTERFACE "$<$<LINK_LANGUAGE:C>:${VZAPI_SANITIZE_C_LINK}>")
+    endif()
 endif()
 if(VZAPI_COVERAGE)
     target_compile_options(vzapi_compile_options INTERFACE --coverage -fprofile-abs-path)

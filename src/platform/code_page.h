@@ -19,7 +19,8 @@ void append_utf16(CodePage code_page, std::string_view bytes, std::u16string& ou
 
 // The name of the character set behind CodePage::SystemDefault, "UTF-8" or another name that the system
 // knows. On Linux: the charset of the locale that LC_ALL, LC_CTYPE or LANG names, the first that is set;
-// UTF-8 when none is, when it is "C" or "POSIX", or when the system does not know it.
+// UTF-8 when none is, when it is "C" or "POSIX", or when the system does not know it. A locale that is not
+// installed has the charset that its own name tells after the '.'.
 [[nodiscard]] std::string system_charset();
 
 }  // namespace vzapi::platform

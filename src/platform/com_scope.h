@@ -8,7 +8,7 @@ namespace vzapi::platform {
 class ComScope {
 public:
     ComScope() noexcept;
-    ~ComScope();
+    ~ComScope();  // NOLINT(performance-trivially-destructible): not on the system that has COM
     ComScope(const ComScope&) = delete;
     ComScope& operator=(const ComScope&) = delete;
 

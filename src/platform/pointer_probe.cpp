@@ -10,6 +10,11 @@ std::uintptr_t address_of(const void* pointer) noexcept {
     return reinterpret_cast<std::uintptr_t>(pointer);
 }
 
+const void* pointer_to(std::uintptr_t address) noexcept {
+    return reinterpret_cast<const void*>(
+        address);  // NOLINT(performance-no-int-to-ptr): pages are numbers here
+}
+
 std::uintptr_t page_of(std::uintptr_t address) noexcept {
     return address & ~std::uintptr_t{kPageSize - 1};
 }
@@ -29,22 +34,21 @@ bool all_pages(std::uintptr_t first, std::size_t size, Question page_is_readable
 // Copied out, since the text may stand at an odd address.
 char16_t unit_at(std::uintptr_t address) noexcept {
     char16_t unit;
-    std::memcpy(&unit, reinterpret_cast<const void*>(address), sizeof unit);
+    std::memcpy(&unit, pointer_to(address), sizeof unit);
     return unit;
 }
 
 }  // namespace
 
 bool is_readable(const void* address, std::size_t size) noexcept {
-    return all_pages(address_of(address), size, [](std::uintptr_t page) noexcept {
-        return is_readable(reinterpret_cast<const void*>(page));
-    });
+    return all_pages(address_of(address), size,
+                     [](std::uintptr_t page) noexcept { return is_readable(pointer_to(page)); });
 }
 
 bool PointerProbe::page_readable(std::uintptr_t page) noexcept {
     std::uintptr_t& slot = readable_pages_[page / kPageSize % kSlots];
     if (slot == page && page != 0) return true;
-    if (!is_readable(reinterpret_cast<const void*>(page))) return false;
+    if (!is_readable(pointer_to(page))) return false;
     slot = page;
     return true;
 }

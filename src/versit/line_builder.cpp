@@ -20,6 +20,13 @@ constexpr std::string_view kQuotedPrintableUtf8 = ";ENCODING=QUOTED-PRINTABLE;CH
 constexpr std::size_t kEscapeLength = 3;       // "=C3"
 constexpr std::size_t kMostTrailingBytes = 3;  // of one character in UTF-8
 
+// Room for `more` characters at once; what there is grows at least twofold, so that many small lines stay
+// cheap.
+void make_room(std::string& text, std::size_t more) {
+    const std::size_t needed = text.size() + more;
+    if (needed > text.capacity()) text.reserve(std::max(needed, 2 * text.capacity()));
+}
+
 // Columns left on a line of `column` columns.
 std::size_t room_after(std::size_t column) {
     return column < kWidth ? kWidth - column : 0;
@@ -114,6 +121,9 @@ void LineBuilder::property(std::string_view name, std::string_view parameters, s
 
 void LineBuilder::quoted_printable(std::string_view name, std::string_view parameters,
                                    std::string_view encoded) {
+    // A full line holds at least 64 columns of the value; a break takes three characters, an escape in front
+    // two.
+    make_room(text_, name.size() + parameters.size() + encoded.size() + encoded.size() / 64 * 5 + 16);
     const std::size_t head = append_head(name, parameters, text_);
     append_softly_broken(encoded, head, text_);
     text_.append(kLineEnd);
@@ -123,6 +133,8 @@ void LineBuilder::base64(std::string_view name, std::string_view parameters,
                          std::span<const std::byte> bytes) {
     std::string encoded;
     append_base64(bytes, encoded);
+    const std::size_t folds = encoded.size() / (kWidth - 1) + 2;
+    make_room(text_, name.size() + parameters.size() + encoded.size() + folds * kFold.size());
     const std::size_t head = append_head(name, parameters, text_);
     std::string_view rest = encoded;
     const std::size_t first = std::min(rest.size(), room_after(head));

@@ -32,7 +32,8 @@ public:
                       std::vector<LineRange> bodies)
         : text_(std::move(text)), lines_(std::move(lines)), bodies_(std::move(bodies)) {}
 
-    [[nodiscard]] const std::vector<Property>& lines() const noexcept { return lines_; }
+    [[nodiscard]] const std::vector<Property>& lines() const& noexcept { return lines_; }
+    void lines() && = delete;  // the views would outlive their text
     [[nodiscard]] std::size_t count() const noexcept { return lines_.size(); }
     [[nodiscard]] bool empty() const noexcept { return lines_.empty(); }
 
@@ -78,6 +79,8 @@ template <class Unit>
 
 [[nodiscard]] std::vector<VersitProperty> component_lines(const VersitObject& object, ComponentId component,
                                                           Nested nested = Nested::Exclude);
+std::vector<VersitProperty> component_lines(VersitObject&& object, ComponentId component,
+                                            Nested nested = Nested::Exclude) = delete;
 
 // The lines whose names are among `upper_names`, ordered by that list and, within one name, as in `lines`.
 template <class Unit>

@@ -38,8 +38,8 @@ constexpr std::size_t pair_index(Unit first, Unit second) noexcept {
 }
 
 // 1 for the pairs that stand within the first four characters of a word.
-constexpr std::array<std::uint8_t, 128 * 128> make_word_pairs() {
-    std::array<std::uint8_t, 128 * 128> pairs{};
+constexpr std::array<std::uint8_t, std::size_t{128} * 128> make_word_pairs() {
+    std::array<std::uint8_t, std::size_t{128} * 128> pairs{};
     for (const std::string_view word : kEncodingWords) {
         for (std::size_t at = 0; at < kPairStride; ++at) pairs[pair_index(word[at], word[at + 1])] = 1;
     }

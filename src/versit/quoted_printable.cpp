@@ -13,9 +13,9 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 
-// How a byte is written: itself, or its escape.
+// How a byte is written: itself, or its escape. Four characters, so that they can be stored at once.
 struct Written {
-    std::array<char, 3> text;
+    std::array<char, 4> text;
     std::uint8_t length;
 };
 
@@ -27,7 +27,7 @@ constexpr std::array<Written, 256> make_written() {
     std::array<Written, 256> written{};
     for (std::size_t byte = 0; byte < written.size(); ++byte) {
         if (is_literal(byte)) {
-            written[byte] = {{static_cast<char>(byte), 0, 0}, 1};
+            written[byte] = {{static_cast<char>(byte)}, 1};
         } else {
             written[byte] = {{'=', kDigits[byte >> 4], kDigits[byte & 15]}, 3};
         }
@@ -36,10 +36,11 @@ constexpr std::array<Written, 256> make_written() {
 }
 constexpr auto kWritten = make_written();
 
-// The value of a hexadecimal digit; 16 for any other byte.
+// The value of a hexadecimal digit, or kNoDigit.
+constexpr std::uint8_t kNoDigit = 16;
 constexpr std::array<std::uint8_t, 256> make_digit_values() {
     std::array<std::uint8_t, 256> values{};
-    for (auto& value : values) value = 16;
+    for (auto& value : values) value = kNoDigit;
     for (std::size_t digit = 0; digit < kDigits.size(); ++digit) {
         const auto unit = static_cast<std::uint8_t>(kDigits[digit]);
         values[unit] = static_cast<std::uint8_t>(digit);
@@ -54,12 +55,13 @@ constexpr unsigned digit_value(char digit) {
 }
 
 void append_escaped_bytes(std::string_view bytes, std::string& out) {
-    std::size_t length = 0;
-    for (const char byte : bytes) length += kWritten[static_cast<std::uint8_t>(byte)].length;
+    const auto literal_count = static_cast<std::size_t>(std::count_if(
+        bytes.begin(), bytes.end(), [](char byte) { return is_literal(static_cast<std::uint8_t>(byte)); }));
+    const std::size_t length = 3 * bytes.size() - 2 * literal_count;
     const std::size_t begin = out.size();
-    // Three characters are always stored and only as many counted, which spares a branch per byte; the last
-    // byte stores up to two beyond its end.
-    out.resize(begin + length + 2);
+    // All four characters are stored and only as many counted, which spares a branch per byte; the last byte
+    // stores up to three beyond its end.
+    out.resize(begin + length + 3);
     char* to = out.data() + begin;
     for (const char byte : bytes) {
         const Written& written = kWritten[static_cast<std::uint8_t>(byte)];
@@ -90,14 +92,16 @@ std::string decode_quoted_printable(std::string_view text) {
     char* to = decoded.data();
     std::size_t at = 0;
     while (at < text.size()) {
-        const std::size_t escape = text[at] == '=' ? at : std::min(text.find('=', at), text.size());
-        to = std::copy_n(text.data() + at, escape - at, to);
-        at = escape;
-        if (at == text.size()) break;
+        if (text[at] != '=') {
+            const std::size_t run_end = std::min(text.find('=', at), text.size());
+            to = std::copy_n(text.data() + at, run_end - at, to);
+            at = run_end;
+            continue;
+        }
         const bool complete = text.size() - at > 2;
-        const unsigned high = complete ? digit_value(text[at + 1]) : 16;
-        const unsigned low = complete ? digit_value(text[at + 2]) : 16;
-        const bool is_escape = high < 16 && low < 16;
+        const unsigned high = complete ? digit_value(text[at + 1]) : kNoDigit;
+        const unsigned low = complete ? digit_value(text[at + 2]) : kNoDigit;
+        const bool is_escape = high < kNoDigit && low < kNoDigit;
         *to++ = is_escape ? static_cast<char>(high << 4 | low) : '=';
         at += is_escape ? 3 : 1;
     }

@@ -7,6 +7,13 @@
 
 #include "platform/allocation_gate.h"
 
+// The runtime library of clang's ThreadSanitizer defines operator new itself, and takes no second definition.
+#if defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define VZAPI_OPERATOR_NEW_IS_TAKEN
+#endif
+#endif
+
 namespace vzapi::test {
 namespace {
 
@@ -35,11 +42,21 @@ FailingAllocations::~FailingAllocations() {
     stop();
 }
 
+bool FailingAllocations::sees_operator_new() noexcept {
+#ifdef VZAPI_OPERATOR_NEW_IS_TAKEN
+    return false;
+#else
+    return true;
+#endif
+}
+
 void FailingAllocations::stop() noexcept {
     if (t_current == this) t_current = nullptr;
 }
 
 }  // namespace vzapi::test
+
+#ifndef VZAPI_OPERATOR_NEW_IS_TAKEN
 
 namespace {
 
@@ -85,3 +102,5 @@ void operator delete(void* block, const std::nothrow_t&) noexcept {
 void operator delete[](void* block, const std::nothrow_t&) noexcept {
     std::free(block);
 }
+
+#endif

@@ -32,6 +32,10 @@ public:
     FailingAllocations(const FailingAllocations&) = delete;
     FailingAllocations& operator=(const FailingAllocations&) = delete;
 
+    // False in programs whose operator new cannot be replaced, since ThreadSanitizer has: none of its
+    // allocations is counted or fails there.
+    [[nodiscard]] static bool sees_operator_new() noexcept;
+
     // Ends counting and failing, so that the test itself can allocate again.
     void stop() noexcept;
 

@@ -323,6 +323,7 @@ std::string VersitTextGenerator::mutated(std::string text) {
 }
 
 std::string VersitTextGenerator::text() {
+    if (one_in(1000)) return one_in(2) ? framed(400) : pieces(3000);
     switch (below(8)) {
         case 0:
         case 1:

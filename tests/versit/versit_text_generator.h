@@ -16,8 +16,8 @@ class VersitTextGenerator {
 public:
     explicit VersitTextGenerator(std::uint64_t seed) : random_(seed) {}
 
-    // A whole text, most of them short: pieces in any order, well-formed lines, or an object, as it is or
-    // mutated.
+    // A whole text, short but for one in a thousand: pieces in any order, well-formed
+    // lines, or an object; as it is or mutated.
     [[nodiscard]] std::string text();
 
     // The same for the UTF-16 side, with message bodies; bytes above 127 become units that a parser looking

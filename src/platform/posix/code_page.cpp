@@ -4,10 +4,11 @@
 
 #include <iconv.h>
 #include <langinfo.h>
-#include <locale.h>
 
 #include <array>
 #include <cerrno>
+#include <clocale>  // newlocale
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <optional>
@@ -31,7 +32,7 @@ public:
     Converter& operator=(const Converter&) = delete;
 
     // False when the system has no such conversion.
-    explicit operator bool() const { return descriptor_ != iconv_t(-1); }
+    explicit operator bool() const { return reinterpret_cast<std::intptr_t>(descriptor_) != -1; }
 
     void append(std::string_view bytes, std::u16string& out) {
         char* source = const_cast<char*>(bytes.data());

@@ -1,6 +1,6 @@
 #include "platform/heap.h"
 
-#include <string.h>  // explicit_bzero
+#include <cstring>  // explicit_bzero
 
 #include "platform/allocation_gate.h"
 #include "platform/posix/guarded_block.h"

@@ -1,6 +1,6 @@
 #include "support/set_environment.h"
 
-#include <stdlib.h>  // setenv
+#include <cstdlib>  // setenv
 
 namespace vzapi::test {
 

@@ -1,6 +1,6 @@
 #include "support/set_environment.h"
 
-#include <stdlib.h>  // _putenv_s
+#include <cstdlib>  // _putenv_s
 
 namespace vzapi::test {
 

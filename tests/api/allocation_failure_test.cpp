@@ -1,0 +1,84 @@
+// Every allocation of a conversion gets its turn to fail: the call says so, leaks nothing, and leaves a record or text
+// that can be released.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+
+#include "support/failing_allocations.h"
+#include "support/text.h"
+#include "vzapi/vzapi.h"
+
+namespace vzapi::test {
+namespace {
+
+// Runs `call` with its first, second, third ... allocation failing, until there is no such allocation and it
+// succeeds. `after_failure` looks at what a failed call left.
+template <class Call, class AfterFailure>
+std::size_t fail_each_allocation(Call call, AfterFailure after_failure) {
+    for (std::size_t nth = 1;; ++nth) {
+        FailingAllocations failing(nth);
+        const ResultCode code = call();
+        failing.stop();
+        if (!failing.failed()) {
+            EXPECT_EQ(code, VZ_OK);
+            return nth - 1;
+        }
+        EXPECT_EQ(code, VZ_ERR_OUT_OF_MEMORY) << "allocation " << nth;
+        after_failure();
+    }
+}
+
+const std::string kBookmark = lines(
+    {"BEGIN:VBKM", "VERSION:1.0", "TITLE;CHARSET=UTF-8:a title longer than any short string",
+     "URL:http://example.com/an/address/longer/than/any/short/string", "BEGIN:ENV",
+     "X-IRMC-URL;QUOTED-PRINTABLE:=", "[InternetShortcut]=", "URL=http://example.com/another/long/address",
+     "END:ENV", "END:VBKM"});
+
+TEST(AllocationFailure, ReadingABookmark) {
+    std::string text = kBookmark;
+    const VersitData in = data_of(text);
+    BookmarkItem item{};
+    item.size = sizeof item;
+    const std::size_t failures =
+        fail_each_allocation([&] { return ConvertFromVersit(VZ_TYPE_BOOKMARK, &in, &item); },
+                             [&] {
+                                 EXPECT_EQ(item.size, sizeof item);
+                                 EXPECT_EQ(FreeConverterData(VZ_TYPE_BOOKMARK, &item), VZ_OK);
+                             });
+    EXPECT_GE(failures, 5U) << "the text, the lines and three strings at the least";
+    EXPECT_EQ(FreeConverterData(VZ_TYPE_BOOKMARK, &item), VZ_OK);
+}
+
+TEST(AllocationFailure, WritingABookmark) {
+    char16_t title[] = u"a title longer than any short string, caf\u00E9";
+    char16_t url[] = u"http://example.com/an/address/longer/than/any/short/string";
+    const BookmarkItem item{sizeof(BookmarkItem), title, url, url};
+    VersitData out{};
+    const std::size_t failures =
+        fail_each_allocation([&] { return ConvertToVersit(VZ_TYPE_BOOKMARK, &item, &out); },
+                             [&] {
+                                 EXPECT_EQ(out.length, 0U);
+                                 EXPECT_EQ(out.text, nullptr);
+                                 EXPECT_EQ(FreeVersitData(&out), VZ_OK);
+                             });
+    EXPECT_GE(failures, 2U) << "the growing text and the block at the least";
+    EXPECT_EQ(FreeVersitData(&out), VZ_OK);
+}
+
+TEST(AllocationFailure, ParsingAMessage) {
+    std::u16string text = u"BEGIN:VMSG\r\nVERSION:1.1\r\nBEGIN:VBODY\r\na\r\nEND:VBODY\r\nEND:VMSG\r\n";
+    const VersitData in = data_of(text);
+    MessageItem item{};
+    item.size = sizeof item;
+    for (std::size_t nth = 1; nth <= 2; ++nth) {
+        FailingAllocations failing(nth);
+        const ResultCode code = ConvertFromVersit(VZ_TYPE_MESSAGE, &in, &item);
+        failing.stop();
+        EXPECT_TRUE(failing.failed());
+        EXPECT_EQ(code, VZ_ERR_OUT_OF_MEMORY);
+    }
+}
+
+}  // namespace
+}  // namespace vzapi::test
