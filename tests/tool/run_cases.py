@@ -25,10 +25,22 @@ BOOKMARK_JSON = b'{"kind":"bookmark","title":"%s","url":"http://www.example.com/
 
 
 class Tool:
-    """The program under test, with the emulator that runs it."""
+    """The program under test, with the emulator that runs it.
 
-    def __init__(self, command):
-        self.command = command
+    An emulator sets up a system of its own for its first program and takes it down after its last. One instance of
+    the program that waits for its standard input keeps it standing from the first case to the last.
+    """
+
+    def __init__(self, program, emulator):
+        self.command = [*emulator, program]
+        self.keeper = None
+        if emulator:
+            self.keeper = subprocess.Popen([*self.command, "json", "-"], stdin=subprocess.PIPE,
+                                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def close(self):
+        if self.keeper:
+            self.keeper.communicate(timeout=60)
 
     def run(self, *arguments, cwd=SAMPLES, stdin=b"", stdout=subprocess.PIPE):
         environment = dict(os.environ, LC_ALL="C.UTF-8")
@@ -65,7 +77,7 @@ def first_difference(expected, actual):
     at = len(os.path.commonprefix([expected, actual]))
     line = expected.count(b"\n", 0, at) + 1
     column = at - (expected.rfind(b"\n", 0, at) + 1) + 1
-    return f"line {line}, column {column}: expected {expected[at:at + 60]!r}, got {actual[at:at + 60]!r}"
+    return f"line {line}, column {column}: expected {expected[at:at + 200]!r}, got {actual[at:at + 200]!r}"
 
 
 def expected_bytes(sample, suffix):
@@ -206,7 +218,8 @@ def main():
     if len(sys.argv) < 2:
         print(__doc__)
         return 2
-    tool = Tool([*sys.argv[2:], os.path.abspath(sys.argv[1])])
+    emulator = [os.path.abspath(part) if os.path.exists(part) else part for part in sys.argv[2:]]
+    tool = Tool(os.path.abspath(sys.argv[1]), emulator)
     cases = Cases()
     folder = pathlib.Path(tempfile.mkdtemp(prefix="vzconv-"))
     try:
@@ -219,6 +232,7 @@ def main():
         large_cases(tool, cases, folder)
     finally:
         shutil.rmtree(folder)
+        tool.close()
     print(f"{cases.count} cases, {len(cases.failures)} failed")
     return 1 if cases.failures else 0
 
