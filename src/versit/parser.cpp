@@ -45,8 +45,9 @@ bool is_bookmark_text(std::basic_string_view<Unit> text) {
     for (; at + kBlock < text.size(); at += kBlock) {
         Unit pairs = 0;
         for (std::size_t i = at; i < at + kBlock; ++i) {
-            const bool pair = (lower(text[i]) == Unit('b')) & (lower(text[i + 1]) == Unit('k'));
-            pairs = static_cast<Unit>(pairs | static_cast<Unit>(pair));
+            const unsigned pair =
+                unsigned{lower(text[i]) == Unit('b')} & unsigned{lower(text[i + 1]) == Unit('k')};
+            pairs = static_cast<Unit>(pairs | pair);
         }
         if (pairs != 0 && has_marker(at, at + kBlock)) return true;
     }
