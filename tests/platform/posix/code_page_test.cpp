@@ -106,7 +106,8 @@ constexpr Row kLocales[] = {
     {"xx_XX.EUC-JP", "EUC-JP", "a\xC6", u"a\uFFFD"},
     {"xx_XX.SHIFT_JIS", "SHIFT_JIS", "\x93\xFA", u"\u65E5"},
     {"xx_XX.GB18030", "GB18030", "\x94\x39\xFC\x36", u"\U0001F600"},
-    {"xx_XX.BIG5-HKSCS", "BIG5-HKSCS", "\x88\x66", u"\u00CA"},  // held back until the end is known
+    {"xx_XX.BIG5-HKSCS", "BIG5-HKSCS", "\x88\x62", u"\u00CA\u0304"},
+    {"xx_XX.CP1258", "CP1258", "xa", u"xa"},  // an accent could follow the last letter
 };
 
 TEST(SystemCodePageOfPosix, FollowsTheUsersLocale) {
