@@ -25,8 +25,8 @@ private:
     std::vector<std::set<std::string>> open_;
 };
 
-// The parser's message behind "[...] parse error at line 1, column 5: ", without what it read last: that may be
-// long and no UTF-8, and the column tells it too.
+// The parser's message behind "[...] parse error at line 1, column 5: ", without what it read last: that may
+// be long and no UTF-8, and the column tells it too.
 std::string detail_of(const nlohmann::json::parse_error& error) {
     std::string message = error.what();
     const std::size_t column = message.find("column ");
