@@ -43,7 +43,7 @@ std::string direct_text(const BookmarkRow& row) {
     const BookmarkItem item = {sizeof(BookmarkItem), pointers[0], pointers[1], pointers[2]};
     VersitData data{};
     EXPECT_EQ(ConvertToVersit(VZ_TYPE_BOOKMARK, &item, &data), VZ_OK);
-    const std::string text(static_cast<const char*>(data.text), data.length);
+    std::string text(static_cast<const char*>(data.text), data.length);
     EXPECT_EQ(FreeVersitData(&data), VZ_OK);
     return text;
 }

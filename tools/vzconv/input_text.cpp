@@ -20,7 +20,7 @@ std::filesystem::path path_of(const std::string& name) {
 
 // Reads to the end, in steps that grow with what was read, so that pipes of unknown length cost linear time.
 std::string read_all(std::istream& in, std::size_t expected) {
-    constexpr std::size_t kLeast = 64 * 1024;
+    constexpr std::size_t kLeast = 0x10000;
     std::string bytes;
     std::size_t used = 0;
     bytes.resize(expected + kLeast);

@@ -25,10 +25,10 @@ private:
     std::vector<std::set<std::string>> open_;
 };
 
-// The parser's message behind "[...] parse error at line 1, column 5: ", without what it read last, which may be
-// long, and no UTF-8: the column tells it too.
+// The parser's message behind "[...] parse error at line 1, column 5: ", without what it read last: that may
+// be long and no UTF-8, and the column tells it too.
 std::string detail_of(const nlohmann::json::parse_error& error) {
-    const std::string message = error.what();
+    std::string message = error.what();
     const std::size_t column = message.find("column ");
     const std::size_t colon = message.find(": ", column == std::string::npos ? 0 : column);
     if (colon == std::string::npos) return message;

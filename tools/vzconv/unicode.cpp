@@ -46,9 +46,9 @@ void append_utf16(std::u16string& out, char32_t code) {
 // have 80 to BF). The bounds keep out overlong forms, surrogates and what lies above U+10FFFF.
 struct Lead {
     unsigned char first, last;
-    int following;
+    unsigned char following;
     unsigned char low, high;
-    char32_t bits;
+    unsigned char bits;
 };
 
 constexpr Lead kLeads[] = {
@@ -76,7 +76,7 @@ char32_t next_code_point(std::string_view text, std::size_t& at) {
     if (first < 0x80) return first;
     const Lead* lead = lead_of(first);
     if (lead == nullptr) return kReplacement;
-    char32_t code = first & lead->bits;
+    char32_t code = static_cast<char32_t>(first & lead->bits);
     for (int i = 0; i < lead->following; ++i) {
         const unsigned low = i == 0 ? lead->low : 0x80;
         const unsigned high = i == 0 ? lead->high : 0xBF;
