@@ -233,7 +233,7 @@ def main():
     finally:
         shutil.rmtree(folder)
         tool.close()
-    print(f"{cases.count} cases, {len(cases.failures)} failed")
+    print(f"{cases.count - len(cases.failures)} passed, {len(cases.failures)} failed")
     return 1 if cases.failures else 0
 
 
