@@ -205,6 +205,17 @@ TEST(WideParser, ABodyIsKeptLineByLine) {
     }
 }
 
+TEST(WideParser, AMentionOfABookmarkReachesOverTheWholeMessage) {
+    EXPECT_EQ(
+        parsed(u"NOTE;QUOTED-PRINTABLE:a=\r\nb=\r\nX:c=\r\nBEGIN:VBODY\r\nsee begin:vbkm\r\nEND:VBODY\r\n"),
+        (Lines<char16_t>{u"NOTE;QUOTED-PRINTABLE:a", u"b=", u"X:c=", u"BEGIN:VBODY", u"see begin:vbkm",
+                         u"END:VBODY"}));
+    EXPECT_EQ(
+        parsed(u"NOTE;QUOTED-PRINTABLE:a=\r\nb=\r\nX-C:c=\r\nBEGIN:VBODY\r\nno mention\r\nEND:VBODY\r\n"),
+        (Lines<char16_t>{u"NOTE;QUOTED-PRINTABLE:ab", u"X-C:c", u"BEGIN:VBODY", u"no mention",
+                         u"END:VBODY"}));
+}
+
 TEST(WideParser, UnitsAboveAsciiAreKept) {
     EXPECT_EQ(parsed(u"N:\u00E9\xD83D\u0D0A\u0A0D\r\n \U0001F600\r\n"),
               (Lines<char16_t>{u"N:\u00E9\xD83D\u0D0A\u0A0D\U0001F600"}));
