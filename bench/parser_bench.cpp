@@ -17,7 +17,7 @@ void count_bytes(benchmark::State& state, const std::string& text) {
 }
 
 void copy_and_scan(benchmark::State& state, const std::string& text) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const auto copy = std::make_unique_for_overwrite<char[]>(text.size());
         std::memcpy(copy.get(), text.data(), text.size());
         std::size_t lines = 0;
@@ -32,7 +32,7 @@ void copy_and_scan(benchmark::State& state, const std::string& text) {
 }
 
 void parse_text(benchmark::State& state, const std::string& text) {
-    for (auto _ : state) benchmark::DoNotOptimize(versit::parse(text).count());
+    for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(versit::parse(text).count());
     count_bytes(state, text);
 }
 

@@ -47,7 +47,7 @@ bool is_bookmark_text(std::basic_string_view<Unit> text) {
         for (std::size_t i = at; i < at + kBlock; ++i) {
             const unsigned pair =
                 unsigned{lower(text[i]) == Unit('b')} & unsigned{lower(text[i + 1]) == Unit('k')};
-            pairs = static_cast<Unit>(pairs | pair);
+            pairs = static_cast<Unit>(pairs | static_cast<Unit>(pair));
         }
         if (pairs != 0 && has_marker(at, at + kBlock)) return true;
     }
