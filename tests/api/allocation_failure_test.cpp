@@ -46,7 +46,8 @@ TEST(AllocationFailure, ReadingABookmark) {
                                  EXPECT_EQ(item.size, sizeof item);
                                  EXPECT_EQ(FreeConverterData(VZ_TYPE_BOOKMARK, &item), VZ_OK);
                              });
-    EXPECT_GE(failures, 5U) << "the text, the lines and three strings at the least";
+    EXPECT_GE(failures, FailingAllocations::sees_operator_new() ? 5U : 3U)
+        << "three strings, and with operator new the text and the lines, at the least";
     EXPECT_EQ(FreeConverterData(VZ_TYPE_BOOKMARK, &item), VZ_OK);
 }
 
@@ -62,11 +63,13 @@ TEST(AllocationFailure, WritingABookmark) {
                                  EXPECT_EQ(out.text, nullptr);
                                  EXPECT_EQ(FreeVersitData(&out), VZ_OK);
                              });
-    EXPECT_GE(failures, 2U) << "the growing text and the block at the least";
+    EXPECT_GE(failures, FailingAllocations::sees_operator_new() ? 2U : 1U)
+        << "the block, and with operator new the growing text, at the least";
     EXPECT_EQ(FreeVersitData(&out), VZ_OK);
 }
 
 TEST(AllocationFailure, ParsingAMessage) {
+    if (!FailingAllocations::sees_operator_new()) GTEST_SKIP() << "operator new cannot be made to fail here";
     std::u16string text = u"BEGIN:VMSG\r\nVERSION:1.1\r\nBEGIN:VBODY\r\na\r\nEND:VBODY\r\nEND:VMSG\r\n";
     const VersitData in = data_of(text);
     MessageItem item{};
