@@ -1,5 +1,5 @@
-// The parser beside its floor: the least that any implementation must do with a text is to copy it once and to look
-// once for every line end.
+// The parser beside its floor: the least that any implementation must do with a text is to copy it once and
+// to look once for every line end.
 #include <benchmark/benchmark.h>
 
 #include <cstring>

@@ -1,5 +1,5 @@
-// Writes a bookmark from a record of the program's own and reads it back, with owners that release what the library
-// allocates, also when an exception passes by.
+// Writes a bookmark from a record of the program's own and reads it back, with owners that release what the
+// library allocates, also when an exception passes by.
 #include <vzapi/vzapi.h>
 
 #include <cstdint>

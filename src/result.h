@@ -1,4 +1,5 @@
-// Failures inside a call are raised as a ResultCode and caught in one place, the guard of the exported functions.
+// Failures inside a call are raised as a ResultCode and caught in one place, the guard of the exported
+// functions.
 #pragma once
 
 #include "vzapi/base.h"

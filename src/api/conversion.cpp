@@ -103,8 +103,8 @@ std::uint32_t VZAPI_Terminate() noexcept {
     for (int poll = 0; poll < vzapi::kBusyPolls && library_state().busy; ++poll) {
         vzapi::platform::sleep(vzapi::kBusyPollMilliseconds);
     }
-    // Hosts count on the thread's COM being up and released once around the end of the library's work. Nothing
-    // outlives a call, so there is nothing else to give back.
+    // Hosts count on the thread's COM being up and released once around the end of the library's work.
+    // Nothing outlives a call, so there is nothing else to give back.
     const vzapi::platform::ComScope com;
     return count;
 }

@@ -1,5 +1,5 @@
-// The converter table: one row per type code, the single place where a type is registered. Both exported families
-// dispatch through it.
+// The converter table: one row per type code, the single place where a type is registered. Both exported
+// families dispatch through it.
 #pragma once
 
 #include <cstddef>

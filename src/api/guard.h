@@ -1,5 +1,5 @@
-// The one place where failures become results: every exported function that converts, validates or frees runs its
-// body under guarded().
+// The one place where failures become results: every exported function that converts, validates or frees runs
+// its body under guarded().
 #pragma once
 
 #include <new>
@@ -8,8 +8,8 @@
 
 namespace vzapi {
 
-// Runs `body`; a raised ResultCode is the result, else VZ_OK. A failed allocation is VZ_ERR_OUT_OF_MEMORY, any
-// other exception VZ_ERR_UNEXPECTED.
+// Runs `body`; a raised ResultCode is the result, else VZ_OK. A failed allocation is VZ_ERR_OUT_OF_MEMORY,
+// any other exception VZ_ERR_UNEXPECTED.
 template <class Body>
 [[nodiscard]] ResultCode guarded(Body&& body) noexcept {
     try {

@@ -1,5 +1,5 @@
-// The process-wide numbers of the library, all of them. Conversions only read `api_version`; the rest belongs to
-// initialising and terminating, which the host does from one thread.
+// The process-wide numbers of the library, all of them. Conversions only read `api_version`; the rest belongs
+// to initialising and terminating, which the host does from one thread.
 #pragma once
 
 #include <atomic>

@@ -1,5 +1,5 @@
-// DllRegisterServer and DllUnregisterServer: tell host applications where the library lies, through two values of
-// the machine-wide settings store. Nothing here ever fails towards the caller.
+// DllRegisterServer and DllUnregisterServer: tell host applications where the library lies, through two
+// values of the machine-wide settings store. Nothing here ever fails towards the caller.
 #include <string>
 #include <string_view>
 

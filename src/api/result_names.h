@@ -1,4 +1,5 @@
-// Names of results, in the order in which hosts number them; carried for tools that look for them in the binary.
+// Names of results, in the order in which hosts number them; carried for tools that look for them in the
+// binary.
 #pragma once
 
 #include <array>

@@ -19,8 +19,8 @@ std::basic_string_view<Unit> up_to_nul(std::basic_string_view<Unit> text) {
     return text.substr(0, text.find(Unit(0)));
 }
 
-// Letters of 8-bit text match in either case, those of messages only as they stand: a lower-case vCard is found
-// valid, a lower-case message is not.
+// Letters of 8-bit text match in either case, those of messages only as they stand: a lower-case vCard is
+// found valid, a lower-case message is not.
 bool has_marker(std::string_view text, std::string_view marker) {
     return versit::contains_ignoring_case(text, marker);
 }

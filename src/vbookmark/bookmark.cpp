@@ -19,8 +19,8 @@ using versit::PropertyId;
 constexpr std::string_view kVersion = "1.0";
 constexpr std::string_view kUtf8Parameter = ";CHARSET=UTF-8";
 
-// The ENV component holds a file of three lines in one property, whose soft line breaks are not joined in bookmark
-// text: this head, this section line, and the address behind "URL=".
+// The ENV component holds a file of three lines in one property, whose soft line breaks are not joined in
+// bookmark text: this head, this section line, and the address behind "URL=".
 constexpr std::string_view kEnvBegin = "BEGIN:ENV";
 constexpr std::string_view kEnvEnd = "END:ENV";
 constexpr std::string_view kShortcutHead = "X-IRMC-URL;QUOTED-PRINTABLE:=";

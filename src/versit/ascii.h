@@ -50,8 +50,8 @@ template <class Unit>
            equals_ignoring_case(text.substr(0, ascii_upper.size()), ascii_upper);
 }
 
-// True when `text` holds `ascii_upper`, a literal in capitals with at least one character that has no case, without
-// regard to case. That character is looked for first: it is rarer in text than any letter.
+// True when `text` holds `ascii_upper`, a literal in capitals with at least one character that has no case,
+// without regard to case. That character is looked for first: it is rarer in text than any letter.
 template <class Unit>
 [[nodiscard]] constexpr bool contains_ignoring_case(std::basic_string_view<Unit> text,
                                                     std::string_view ascii_upper) noexcept {

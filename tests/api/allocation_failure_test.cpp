@@ -1,5 +1,5 @@
-// Every allocation of a conversion gets its turn to fail: the call says so, leaks nothing, and leaves a record or text
-// that can be released.
+// Every allocation of a conversion gets its turn to fail: the call says so, leaks nothing, and leaves a
+// record or text that can be released.
 #include <gtest/gtest.h>
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-// Conversions on several threads at once, while nobody initialises or terminates. Run under ThreadSanitizer, this
-// also shows that no call writes to anything shared.
+// Conversions on several threads at once, while nobody initialises or terminates. Run under ThreadSanitizer,
+// this also shows that no call writes to anything shared.
 #include <gtest/gtest.h>
 
 #include <atomic>

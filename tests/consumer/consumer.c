@@ -1,4 +1,5 @@
-/* A host program built against the installed package: reads a bookmark, prints its title and url, writes it back. */
+/* A host program built against the installed package: reads a bookmark, prints its title and url, writes it
+ * back. */
 #include <stdio.h>
 #include <string.h>
 #include <vzapi/odcapi.h>

@@ -1,5 +1,5 @@
-// Record to text to record: equal, but for what the rules themselves lose. Those losses are named here by predicate,
-// each is shown by example, and docs/limits.md lists them.
+// Record to text to record: equal, but for what the rules themselves lose. Those losses are named here by
+// predicate, each is shown by example, and docs/limits.md lists them.
 #include <gtest/gtest.h>
 
 #include <algorithm>

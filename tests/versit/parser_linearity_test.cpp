@@ -1,5 +1,5 @@
-// Texts made to be slow, at full size. What they prove is that the result is right and comes at all: a parser that
-// is not linear in the text does not come back from any of them.
+// Texts made to be slow, at full size. What they prove is that the result is right and comes at all: a parser
+// that is not linear in the text does not come back from any of them.
 #include <gtest/gtest.h>
 
 #include <cstddef>
