@@ -148,7 +148,7 @@ VZAPI_EXPORT ResultCode ConvertToVersit2(uint64_t option1, uint32_t option2, uin
  * `type`: a type code. `in`: `text` and `length` (bytes) are read, `size` and `format` are not; the text ends
  * at its first NUL and is not needed after the call. `item`: a record that owns nothing, with `size` set by
  * the caller. One of a size that the type knows is zeroed behind `size` first; one of another size is not
- * zeroed and not refused here.
+ * zeroed and not refused here, so the caller zeroes it: what is left in it would be released later on.
  *
  * VZ_ERR_INVALID_PARAM: `in` or `item` is null.
  * VZ_ERR_UNKNOWN_TYPE: no such type code.

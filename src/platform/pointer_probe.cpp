@@ -74,4 +74,13 @@ std::u16string_view PointerProbe::text(const char16_t* text) noexcept {
     }
 }
 
+std::u16string_view PointerProbe::text(const char16_t* text, std::u16string& storage) {
+    const std::u16string_view found = this->text(text);
+    const bool aligned = address_of(text) % alignof(char16_t) == 0;
+    if (aligned || found.data() == nullptr) return found;
+    storage.resize(found.size());
+    std::memcpy(storage.data(), pointer_to(address_of(text)), found.size() * sizeof(char16_t));
+    return storage;
+}
+
 }  // namespace vzapi::platform

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace vzapi::platform {
@@ -29,6 +30,10 @@ public:
     // there. Null, misaligned at the page end or unreadable from the start gives an empty view whose data()
     // is null; a readable empty text one whose data() is not.
     [[nodiscard]] std::u16string_view text(const char16_t* text) noexcept;
+
+    // The same as units that may be read in place: text at an odd address is copied into `storage` first. Throws
+    // only std::bad_alloc.
+    [[nodiscard]] std::u16string_view text(const char16_t* text, std::u16string& storage);
 
 private:
     [[nodiscard]] bool page_readable(std::uintptr_t page) noexcept;

@@ -1,5 +1,6 @@
 #include "vbookmark/bookmark.h"
 
+#include <string>
 #include <string_view>
 
 #include "platform/ole_string.h"
@@ -112,13 +113,15 @@ void read(const versit::VersitObject& object, void* item, const ReaderContext& /
 std::string write(const void* item, const WriterContext& /*context*/) {
     const auto& bookmark = *static_cast<const BookmarkItem*>(item);
     platform::PointerProbe probe;
-    const std::u16string_view shortcut = probe.text(bookmark.shortcut);
+    std::u16string storage;
+    std::u16string shortcut_storage;
+    const std::u16string_view shortcut = probe.text(bookmark.shortcut, shortcut_storage);
 
     versit::LineBuilder lines;
     lines.line("BEGIN:VBKM");
     lines.line("VERSION:1.0");
-    write_text_property(lines, PropertyId::Title, probe.text(bookmark.title));
-    write_text_property(lines, PropertyId::Url, probe.text(bookmark.url));
+    write_text_property(lines, PropertyId::Title, probe.text(bookmark.title, storage));
+    write_text_property(lines, PropertyId::Url, probe.text(bookmark.url, storage));
     if (shortcut.data() != nullptr) write_shortcut(lines, shortcut);
     lines.line("END:VBKM");
     return lines.take();

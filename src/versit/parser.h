@@ -14,8 +14,8 @@ namespace vzapi::versit {
 // Parses UTF-16 text up to its first NUL by the same rules, with two differences that messages need:
 // - outside a body, a bare LF ends the line when the next one begins a known property;
 // - the physical lines of a body, from BEGIN:VBODY to the END:VBODY that closes it, stay exactly as they are.
-// That
-//   END:VBODY is the last one that fills a line before the next BEGIN:VBODY, so that a message may quote one.
+//   That END:VBODY is the last one that fills a line before the next BEGIN:VBODY, so that a message may quote
+//   one.
 [[nodiscard]] WideVersitObject parse_wide(std::u16string_view text);
 
 }  // namespace vzapi::versit

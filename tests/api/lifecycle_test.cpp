@@ -34,6 +34,25 @@ TEST(Lifecycle, VersionZeroThrowsTheResultCodeToTheHost) {
     VZAPI_Terminate();
 }
 
+// What tells the announced version from outside: from 13 on the release of a record of a wrong size is refused.
+ResultCode release_wrong_size() {
+    BookmarkItem item{24, nullptr, nullptr, nullptr};
+    return FreeConverterData(VZ_TYPE_BOOKMARK, &item);
+}
+
+TEST(Lifecycle, TheLastAnnouncedVersionCountsAndStays) {
+    VZAPI_Initialize(16);
+    EXPECT_EQ(release_wrong_size(), 0x80100013U);
+    VZAPI_Initialize(12);
+    EXPECT_EQ(release_wrong_size(), 0U);
+    EXPECT_THROW(VZAPI_Initialize(0), std::uint32_t);
+    EXPECT_EQ(release_wrong_size(), 0U) << "a refused version is not stored";
+    VZAPI_Initialize(13);
+    EXPECT_EQ(release_wrong_size(), 0x80100013U);
+    while (VZAPI_Terminate() != 0) EXPECT_EQ(release_wrong_size(), 0x80100013U);
+    EXPECT_EQ(release_wrong_size(), 0x80100013U) << "terminating does not take the version back";
+}
+
 TEST(Lifecycle, ThreeInitialisationsAreTakenBackOneByOne) {
     for (int i = 0; i < 3; ++i) VZAPI_Initialize(16);
     EXPECT_EQ(VZAPI_Terminate(), 2U);

@@ -35,15 +35,21 @@ bool convert_there_and_back(int thread, int round) {
     return FreeVersitData(&text) == VZ_OK && FreeConverterData(VZ_TYPE_BOOKMARK, &back) == VZ_OK && same;
 }
 
-// The other type codes share the parsers and the checks.
+// Both parsers run to their end on a text without an object.
 bool refuse(int round) {
-    std::string card = "BEGIN:VCARD\r\nVERSION:2.1\r\nNOTE;CHARSET=SHIFT_JIS:\x83\x41\r\nEND:VCARD\r\n";
-    const VersitData in = data_of(card);
-    ContactItem item{};
+    std::string card = "NOTE;QUOTED-PRINTABLE:a=\r\nb\r\n c\nd\r\nPHOTO;BASE64:\r\n  AAAA\r\n\r\n";
+    std::u16string message = u"TEL:1\nX-IRMC-BOX:INBOX\r\nEND:VBODY\r\n";
+    ContactItem contact{};
+    contact.size = sizeof contact;
+    MessageItem item{};
     item.size = sizeof item;
-    const std::uint32_t type = round % 2 == 0 ? 9U : 0U;
-    return ConvertFromVersit(type, &in, &item) == VZ_ERR_UNKNOWN_TYPE &&
-           ValidateVersitData(VZ_TYPE_CONTACT, &in) == VZ_OK;
+    const VersitData narrow = data_of(card);
+    const VersitData wide = data_of(message);
+    const std::uint32_t unknown = round % 2 == 0 ? 9U : 0U;
+    return ConvertFromVersit(VZ_TYPE_CONTACT, &narrow, &contact) == VZ_ERR_INVALID_TEXT &&
+           ConvertFromVersit(VZ_TYPE_MESSAGE, &wide, &item) == VZ_ERR_INVALID_TEXT &&
+           ValidateVersitData(VZ_TYPE_MESSAGE, &wide) == VZ_ERR_INVALID_TEXT &&
+           ConvertFromVersit(unknown, &narrow, &contact) == VZ_ERR_UNKNOWN_TYPE;
 }
 
 TEST(Threads, ConvertIndependently) {

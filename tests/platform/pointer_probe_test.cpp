@@ -186,5 +186,21 @@ TEST(PointerProbeText, WholeUnitsOnlyCountAtAnOddAddress) {
     EXPECT_EQ(probe.text(odd(page.last(kPageSize + 5))).size(), 2U);
 }
 
+TEST(PointerProbeText, AtAnOddAddressIsCopiedWhereItMayBeRead) {
+    const GuardPage page;
+    std::byte* text = page.last(7);
+    std::memcpy(text, u"ab\u00E9", 6);
+    PointerProbe probe;
+    std::u16string storage;
+    EXPECT_EQ(probe.text(odd(text), storage), u"ab\u00E9");
+    std::memset(text, 0, 2);
+    const std::u16string_view empty = probe.text(odd(text), storage);
+    EXPECT_TRUE(empty.empty());
+    EXPECT_NE(empty.data(), nullptr);
+    EXPECT_EQ(probe.text(odd(page.unreadable() + 1), storage).data(), nullptr);
+    const char16_t* aligned = u"in place";
+    EXPECT_EQ(probe.text(aligned, storage).data(), aligned);
+}
+
 }  // namespace
 }  // namespace vzapi::platform

@@ -1,7 +1,9 @@
 // BookmarkItem to vBookmark text.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "support/guard_page.h"
 #include "support/text.h"
@@ -102,6 +104,28 @@ TEST(BookmarkWriting, UnreadableStringsCountAsAbsent) {
         ASSERT_EQ(ConvertToVersit(4, &expected, &expected_out.data), VZ_OK);
         EXPECT_EQ(out.bytes(), expected_out.bytes()) << hidden;
     }
+}
+
+TEST(BookmarkWriting, StringsAtOddAddressesAreTaken) {
+    const std::u16string texts[] = {u"Caf\u00E9 and a title longer than one block", u"http://example.com/",
+                                    u"s\u00E9"};
+    std::vector<char> bytes;
+    std::size_t places[3] = {};
+    for (int i = 0; i < 3; ++i) {
+        if (bytes.size() % 2 == 0) bytes.push_back('x');
+        places[i] = bytes.size();
+        const std::size_t size = (texts[i].size() + 1) * sizeof(char16_t);
+        bytes.resize(bytes.size() + size);
+        std::memcpy(&bytes[places[i]], texts[i].c_str(), size);
+    }
+    const auto at = [&](int i) { return static_cast<char16_t*>(static_cast<void*>(&bytes[places[i]])); };
+    const BookmarkItem odd{32, at(0), at(1), at(2)};
+    const BookmarkItem even = item_of(texts[0].c_str(), texts[1].c_str(), texts[2].c_str());
+    OwnedText odd_out;
+    OwnedText even_out;
+    ASSERT_EQ(ConvertToVersit(4, &odd, &odd_out.data), VZ_OK);
+    ASSERT_EQ(ConvertToVersit(4, &even, &even_out.data), VZ_OK);
+    EXPECT_EQ(odd_out.bytes(), even_out.bytes());
 }
 
 TEST(BookmarkWriting, AStringThatRunsIntoAnUnreadablePageEndsThere) {

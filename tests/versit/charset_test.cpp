@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/code_page.h"
+#include "support/environment.h"
 #include "support/failing_allocations.h"
 #include "vzapi/base.h"
 
@@ -82,6 +83,16 @@ TEST(Charset, WithoutANameItIsTheDefaultCodePageOfTheSystem) {
     std::u16string expected;
     platform::append_utf16(platform::CodePage::SystemDefault, kBytes, expected);
     EXPECT_TRUE(decode_text(kBytes, "") == expected);
+}
+
+TEST(Charset, WithoutANameItIsNotUtf8WhereTheSystemHasAnotherCodePage) {
+    // Settles the code page on Linux; on Windows it is the machine's.
+    const test::EnvironmentVariable locale("LC_ALL", "xx_XX.ISO-8859-15");
+    if (platform::system_charset() == "UTF-8")
+        GTEST_SKIP() << "the default code page of this system is UTF-8";
+    constexpr std::string_view kBytes = "caf\xC3\xA9";
+    EXPECT_TRUE(decode_text(kBytes, "UTF-8") == u"caf\u00E9");
+    EXPECT_FALSE(decode_text(kBytes, "") == u"caf\u00E9");
 }
 
 TEST(Charset, LackOfMemoryForLatin1HasItsOwnResultCode) {
