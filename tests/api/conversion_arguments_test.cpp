@@ -186,6 +186,16 @@ TEST(ConvertFromVersit, MessageTextAtAnOddAddressIsTaken) {
     EXPECT_EQ(ValidateVersitData(3, &in), 0U);
 }
 
+TEST(ConvertFromVersit, AnOddLengthOfMessageTextLosesTheLastByteOnly) {
+    std::u16string message = u"BEGIN:VMSG\r\nVERSION:1.1\r\nEND:VMSG\r\nx";
+    VersitData in = data_of(message);
+    --in.length;
+    AnyRecord record(64);
+    EXPECT_EQ(ConvertFromVersit(3, &in, record.bytes.data()), 0x80100010U) << "parsed, then no converter";
+    in.length = 1;
+    EXPECT_EQ(ConvertFromVersit(3, &in, record.bytes.data()), 0x80800003U);
+}
+
 TEST(ConvertToVersit, NullItemOrOutputIsInvalidWhateverTheType) {
     AnyRecord record(32);
     VersitData out{1, 2, 3, nullptr};
