@@ -13,8 +13,9 @@ enum { VZ_GROUP_MEMBER_ID_LENGTH = 16 };
 
 /*
  * One member of a group. Its identifier is an unsigned number of 16 bytes, little-endian, a decimal number in
- * the text. Writing takes the number in `id`, or the one at `idBlock` when all bytes of `id` are 0; a member
- * with another `size` or `idLength` is left out.
+ * the text. Reading puts the number into `id`, and gives the member an `idBlock` of zeros. Writing takes the
+ * number in `id`, or the one at `idBlock` when all bytes of `id` are 0; a member with another `size` or
+ * `idLength` is left out, and so is one whose number stands at an `idBlock` that cannot be read.
  */
 typedef struct ContactGroupMember {
     uint32_t size; /* 40 */
@@ -34,11 +35,13 @@ VZAPI_ASSERT_OFFSET(ContactGroupMember, id, 24);
 /*
  * A named group of contacts.
  *
- * Filled by ConvertFromVersit, which demands `size` 32: `memberCount` counts every token of X-CNTGRP. A token
- * that is no number fills no member, so the filled members stand at the front of `members` and zeros behind
- * them. The name, the array and each `idBlock` are the library's, the record is released with
- * FreeConverterData. Read by ConvertToVersit, which demands `size` 32 here and 24 in the VersitData: all stay
- * the caller's; a name or an array that cannot be read counts as absent.
+ * Filled by ConvertFromVersit, which demands `size` 32: `memberCount` counts every token of X-CNTGRP, an empty
+ * one between two ';' too. A token that is no decimal number of 128 bits fills no member, so the filled
+ * members stand at the front of `members` and zeros behind them. The name, the array and each `idBlock` are
+ * the library's, the record is released with FreeConverterData. Read by ConvertToVersit, which demands `size`
+ * 32 here and 24 in the VersitData: all stay the caller's; a name or an array that cannot be read counts as
+ * absent, and a member that cannot be read ends the array. The count is compared as a signed number, so one of
+ * 2^31 or more is an empty array.
  */
 typedef struct ContactGroupItem {
     uint32_t size;               /* 32 */

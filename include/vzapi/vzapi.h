@@ -30,9 +30,9 @@
  * records; two calls on one record need the caller's lock unless both only read it. VZAPI_Initialize and
  * VZAPI_Terminate must not run beside any other call.
  *
- * Converters of this release: VZ_TYPE_BOOKMARK, in both directions. The other type codes pass through the
- * same checks of arguments and text, then answer VZ_ERR_UNEXPECTED, and FreeConverterData answers the same
- * for their records.
+ * Converters of this release: VZ_TYPE_CONTACT, VZ_TYPE_BOOKMARK and VZ_TYPE_CONTACT_GROUP, in both directions.
+ * The other type codes pass through the same checks of arguments and text, then answer VZ_ERR_UNEXPECTED, and
+ * FreeConverterData answers the same for their records.
  */
 #ifndef VZAPI_VZAPI_H
 #define VZAPI_VZAPI_H
@@ -130,7 +130,7 @@ VZAPI_EXPORT ResultCode ConvertToVersit(uint32_t type, const void* item, VersitD
  * with exactly `length` bytes and no terminator. It may hold anything before, except that contact groups
  * demand `size` 24.
  *
- * VZ_ERR_INVALID_PARAM: `item` or `out` is null, or contact groups found a wrong `size`.
+ * VZ_ERR_INVALID_PARAM: `item` or `out` is null, or contact groups found a wrong `size` of either.
  * VZ_ERR_UNKNOWN_TYPE: no such type code.
  * VZ_ERR_POINTER: `item` or `out` cannot be read.
  * VZ_ERR_BAD_VALUE: the writer refuses the record's `size` at the announced version (contacts, from 13 on).
@@ -150,7 +150,7 @@ VZAPI_EXPORT ResultCode ConvertToVersit2(uint64_t option1, uint32_t option2, uin
  * the caller. One of a size that the type knows is zeroed behind `size` first; one of another size is not
  * zeroed and not refused here, so the caller zeroes it: what is left in it would be released later on.
  *
- * VZ_ERR_INVALID_PARAM: `in` or `item` is null.
+ * VZ_ERR_INVALID_PARAM: `in` or `item` is null, or contact groups found a wrong `size` of the record.
  * VZ_ERR_UNKNOWN_TYPE: no such type code.
  * VZ_ERR_POINTER: `in`, `item` or the text cannot be read; a null text with a length other than 0 is such a
  * text. VZ_ERR_INVALID_TEXT: the text holds no object of the type's kind and version; an empty text, null

@@ -58,6 +58,11 @@ void read_text(const ConverterRow& row, const VersitData& in, void* item) {
     }
 }
 
+// Looks at the `size` that the caller has set, before the writing overwrites it.
+void require_output_size(const ConverterRow& row, const VersitData& out) {
+    if (row.output_size == OutputSize::Exact && out.size != sizeof out) raise(VZ_ERR_INVALID_PARAM);
+}
+
 // Gives the caller a block of its own with the bytes of `text`.
 void hand_out(std::string_view bytes, VersitData& out) {
     if (bytes.size() > UINT32_MAX) raise(VZ_ERR_OUT_OF_MEMORY);
@@ -121,6 +126,7 @@ ResultCode ConvertToVersit2(std::uint64_t option1, std::uint32_t option2, std::u
         const vzapi::ConverterRow& row = vzapi::converter_of(type);
         require_readable(item, row.smallest_size());
         require_readable(out, sizeof *out);
+        vzapi::require_output_size(row, *out);
         vzapi::write_text(row, item, {library_state().api_version, option1, option2, option3}, *out);
     });
 }

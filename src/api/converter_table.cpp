@@ -5,10 +5,16 @@
 #include "platform/pointer_probe.h"
 #include "result.h"
 #include "vbookmark/bookmark.h"
+#include "vcard/contact_group.h"
+#include "vcard/contact_reader.h"
+#include "vcard/contact_record.h"
+#include "vcard/contact_writer.h"
 #include "vzapi/vzapi.h"
 
 namespace vzapi {
 namespace {
+
+using enum OutputSize;
 
 // Stand in the rows whose converters the library does not have yet: what comes before a converter works, the
 // conversion itself is refused.
@@ -31,6 +37,8 @@ void release_nothing(void* item, const ReleaseContext& /*context*/) {
 
 constexpr NarrowConverter kNoNarrowConverter{read_nothing<char>, write_nothing<char>};
 constexpr WideConverter kNoWideConverter{read_nothing<char16_t>, write_nothing<char16_t>};
+constexpr NarrowConverter kContactConverter{vcard::read_contact, vcard::write_contact};
+constexpr NarrowConverter kContactGroupConverter{vcard::read_contact_group, vcard::write_contact_group};
 constexpr NarrowConverter kBookmarkConverter{vbookmark::read, vbookmark::write};
 
 constexpr std::uint32_t kContactSizes[] = {64};
@@ -42,11 +50,11 @@ constexpr std::uint32_t kContactGroupSizes[] = {32};
 // One row a type code, in the order of the codes, which begin at 1.
 constexpr std::array<ConverterRow, 5> kConverters{{
     // clang-format off
-    {VZ_TYPE_CONTACT,       kContactSizes,      "BEGIN:VCARD",     "END:VCARD",     &kNoNarrowConverter, nullptr,           release_nothing},
-    {VZ_TYPE_CALENDAR,      kCalendarSizes,     "BEGIN:VCALENDAR", "END:VCALENDAR", &kNoNarrowConverter, nullptr,           release_nothing},
-    {VZ_TYPE_MESSAGE,       kMessageSizes,      "BEGIN:VMSG",      "END:VMSG",      nullptr,             &kNoWideConverter, release_nothing},
-    {VZ_TYPE_BOOKMARK,      kBookmarkSizes,     "BEGIN:VBKM",      "END:VBKM",      &kBookmarkConverter, nullptr,           vbookmark::release},
-    {VZ_TYPE_CONTACT_GROUP, kContactGroupSizes, "BEGIN:VCARD",     "END:VCARD",     &kNoNarrowConverter, nullptr,           release_nothing},
+    {VZ_TYPE_CONTACT,       kContactSizes,      "BEGIN:VCARD",     "END:VCARD",     &kContactConverter,      nullptr,           Any,   vcard::release_contact},
+    {VZ_TYPE_CALENDAR,      kCalendarSizes,     "BEGIN:VCALENDAR", "END:VCALENDAR", &kNoNarrowConverter,     nullptr,           Any,   release_nothing},
+    {VZ_TYPE_MESSAGE,       kMessageSizes,      "BEGIN:VMSG",      "END:VMSG",      nullptr,                 &kNoWideConverter, Any,   release_nothing},
+    {VZ_TYPE_BOOKMARK,      kBookmarkSizes,     "BEGIN:VBKM",      "END:VBKM",      &kBookmarkConverter,     nullptr,           Any,   vbookmark::release},
+    {VZ_TYPE_CONTACT_GROUP, kContactGroupSizes, "BEGIN:VCARD",     "END:VCARD",     &kContactGroupConverter, nullptr,           Exact, vcard::release_contact_group},
     // clang-format on
 }};
 

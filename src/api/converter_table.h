@@ -27,6 +27,9 @@ struct WideConverter {
     std::u16string (*write)(const void* item, const WriterContext& context);
 };
 
+// What VersitData.size has to be when a writer is called.
+enum class OutputSize : bool { Any, Exact };
+
 struct ConverterRow {
     std::uint32_t type;
     std::span<const std::uint32_t>
@@ -35,6 +38,7 @@ struct ConverterRow {
     std::string_view end_marker;
     const NarrowConverter* narrow;  // one of the two is null
     const WideConverter* wide;
+    OutputSize output_size;
     void (*release)(void* item, const ReleaseContext& context);
 
     // The bytes that every version of the record has.

@@ -120,14 +120,19 @@ void append_base64(std::span<const std::byte> bytes, std::string& out) {
 }
 
 std::string decode_base64(std::string_view text) {
-    std::string decoded(text.size() / 4 * 3 + 3, '\0');
-    char* to = decoded.data();
+    std::string decoded(decoded_base64_room(text), '\0');
+    decoded.resize(decode_base64(text, reinterpret_cast<std::byte*>(decoded.data())));
+    return decoded;
+}
+
+std::size_t decode_base64(std::string_view text, std::byte* out) {
+    char* const begin = reinterpret_cast<char*>(out);
+    char* to = begin;
     while (!text.empty()) {
         text = decode_groups(text, to);
         text = decode_one_group(text, to);
     }
-    decoded.resize(static_cast<std::size_t>(to - decoded.data()));
-    return decoded;
+    return static_cast<std::size_t>(to - begin);
 }
 
 }  // namespace vzapi::versit

@@ -15,4 +15,11 @@ void append_base64(std::span<const std::byte> bytes, std::string& out);
 // stops at '=' or at the first other character outside the alphabet. Bits short of a whole byte are dropped.
 [[nodiscard]] std::string decode_base64(std::string_view text);
 
+// The same into `out`, and the number of bytes that came of it: for pictures, of which there should be one copy
+// less. REQUIRES: room for decoded_base64_room() bytes.
+[[nodiscard]] std::size_t decode_base64(std::string_view text, std::byte* out);
+[[nodiscard]] constexpr std::size_t decoded_base64_room(std::string_view text) noexcept {
+    return text.size() / 4 * 3 + 3;
+}
+
 }  // namespace vzapi::versit

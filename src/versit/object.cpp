@@ -1,5 +1,7 @@
 #include "versit/object.h"
 
+#include <algorithm>
+
 #include "versit/ascii.h"
 
 namespace vzapi::versit {
@@ -95,6 +97,32 @@ std::vector<VersitProperty> component_lines(const VersitObject& object, Componen
                                             Nested nested) {
     return component_lines(std::span<const VersitProperty>(object.lines()), component_name(component),
                            nested);
+}
+
+std::optional<RootComponent> root_component(const VersitObject& object, ComponentId component) {
+    const std::vector<VersitProperty>& lines = object.lines();
+    const auto begin = std::find_if(lines.begin(), lines.end(), [](const VersitProperty& line) {
+        return line.id() == PropertyId::Begin;
+    });
+    const std::string_view name = component_name(component);
+    if (begin == lines.end() || !equals_ignoring_case(component_of(*begin), name)) return std::nullopt;
+
+    RootComponent root;
+    root.lines.reserve(static_cast<std::size_t>(lines.end() - begin));
+    OpenComponent open(name);
+    bool has_version = false;
+    for (auto line = begin + 1; line != lines.end(); ++line) {
+        const PropertyId id = line->id();
+        open.see(*line, id);
+        if (open.closed()) break;
+        if (id == PropertyId::Begin || id == PropertyId::End || open.nested() > 0) continue;
+        if (id == PropertyId::Version && !has_version) {
+            root.version = line->value();
+            has_version = true;
+        }
+        root.lines.push_back({id, *line});
+    }
+    return root;
 }
 
 template <class Unit>

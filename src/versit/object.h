@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -81,6 +82,22 @@ template <class Unit>
                                                           Nested nested = Nested::Exclude);
 std::vector<VersitProperty> component_lines(VersitObject&& object, ComponentId component,
                                             Nested nested = Nested::Exclude) = delete;
+
+// A line with its ID, which is looked up once.
+struct IdentifiedLine {
+    PropertyId id = PropertyId::None;
+    VersitProperty line;
+};
+
+struct RootComponent {
+    std::string_view version;           // value of its first VERSION line, as it stands; empty without any
+    std::vector<IdentifiedLine> lines;  // between its BEGIN and its END, those of nested components left out
+};
+
+// The component that the first "BEGIN:" line opens, with the lines that component_lines() gives for it, in one
+// walk; nothing when it is another one than `component`.
+[[nodiscard]] std::optional<RootComponent> root_component(const VersitObject& object, ComponentId component);
+void root_component(VersitObject&& object, ComponentId component) = delete;
 
 // The lines whose names are among `upper_names`, ordered by that list and, within one name, as in `lines`.
 template <class Unit>

@@ -88,8 +88,14 @@ void append_escape(char byte, std::string& out) {
 }
 
 std::string decode_quoted_printable(std::string_view text) {
-    std::string decoded(text.size(), '\0');
-    char* to = decoded.data();
+    std::string decoded;
+    decode_quoted_printable(text, decoded);
+    return decoded;
+}
+
+void decode_quoted_printable(std::string_view text, std::string& out) {
+    out.resize(text.size());
+    char* to = out.data();
     std::size_t at = 0;
     while (at < text.size()) {
         if (text[at] != '=') {
@@ -105,8 +111,7 @@ std::string decode_quoted_printable(std::string_view text) {
         *to++ = is_escape ? static_cast<char>(high << 4 | low) : '=';
         at += is_escape ? 3 : 1;
     }
-    decoded.resize(static_cast<std::size_t>(to - decoded.data()));
-    return decoded;
+    out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 }  // namespace vzapi::versit

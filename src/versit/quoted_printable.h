@@ -22,4 +22,7 @@ void append_escape(char byte, std::string& out);
 // Undoes escapes with digits of either case; an '=' that no two digits follow is copied as it stands.
 [[nodiscard]] std::string decode_quoted_printable(std::string_view text);
 
+// The same in the place of what `out` held, so that a walk over many values uses its room again.
+void decode_quoted_printable(std::string_view text, std::string& out);
+
 }  // namespace vzapi::versit

@@ -68,6 +68,51 @@ TEST(AllocationFailure, WritingABookmark) {
     EXPECT_EQ(FreeVersitData(&out), VZ_OK);
 }
 
+const std::string kContactGroup =
+    lines({"BEGIN:VCARD", "VERSION:2.1", "FN;CHARSET=UTF-8:a name longer than any short string",
+           "X-CNTGRP:1;2;no number;340282366920938463463374607431768211455", "END:VCARD"});
+
+TEST(AllocationFailure, ReadingAContactGroup) {
+    std::string text = kContactGroup;
+    const VersitData in = data_of(text);
+    ContactGroupItem item{};
+    item.size = sizeof item;
+    const std::size_t failures =
+        fail_each_allocation([&] { return ConvertFromVersit(VZ_TYPE_CONTACT_GROUP, &in, &item); },
+                             [&] {
+                                 EXPECT_EQ(item.size, sizeof item);
+                                 EXPECT_EQ(item.members, nullptr);
+                                 EXPECT_EQ(FreeConverterData(VZ_TYPE_CONTACT_GROUP, &item), VZ_OK);
+                             });
+    EXPECT_GE(failures, FailingAllocations::sees_operator_new() ? 7U : 5U)
+        << "the name, the array and three blocks, and with operator new the text and the lines, at the least";
+    EXPECT_EQ(item.memberCount, 4U);
+    EXPECT_EQ(FreeConverterData(VZ_TYPE_CONTACT_GROUP, &item), VZ_OK);
+}
+
+TEST(AllocationFailure, WritingAContactGroup) {
+    char16_t name[] = u"a name longer than any short string, caf\u00E9";
+    ContactGroupMember members[3]{};
+    for (ContactGroupMember& member : members) {
+        member.size = sizeof member;
+        member.idLength = VZ_GROUP_MEMBER_ID_LENGTH;
+        member.id[15] = 0xFF;
+    }
+    const ContactGroupItem item{sizeof item, name, 3, members};
+    VersitData out{};
+    out.size = sizeof out;
+    const std::size_t failures =
+        fail_each_allocation([&] { return ConvertToVersit(VZ_TYPE_CONTACT_GROUP, &item, &out); },
+                             [&] {
+                                 EXPECT_EQ(out.text, nullptr);
+                                 EXPECT_EQ(FreeVersitData(&out), VZ_OK);
+                                 out.size = sizeof out;
+                             });
+    EXPECT_GE(failures, FailingAllocations::sees_operator_new() ? 3U : 1U)
+        << "the block, and with operator new the list and the growing text, at the least";
+    EXPECT_EQ(FreeVersitData(&out), VZ_OK);
+}
+
 TEST(AllocationFailure, ParsingAMessage) {
     if (!FailingAllocations::sees_operator_new()) GTEST_SKIP() << "operator new cannot be made to fail here";
     std::u16string text = u"BEGIN:VMSG\r\nVERSION:1.1\r\nBEGIN:VBODY\r\na\r\nEND:VBODY\r\nEND:VMSG\r\n";

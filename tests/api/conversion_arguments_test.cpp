@@ -142,7 +142,7 @@ TEST(ConvertFromVersit, TextWithoutBeginLineHoldsNoObject) {
     std::string text = "VERSION:2.1\r\nTEL:1\r\n";
     std::u16string wide = u"VERSION:1.1\r\nTEL:1\r\n";
     for (const std::uint32_t type : kTypes) {
-        AnyRecord record(1);
+        AnyRecord record(type == 5 ? 32 : 1);  // contact groups look at the size first
         const VersitData in = type == 3 ? data_of(wide) : data_of(text);
         EXPECT_EQ(ConvertFromVersit(type, &in, record.bytes.data()), 0x80800003U) << type;
     }
@@ -162,11 +162,11 @@ TEST(ConvertFromVersit, ARecordOfAKnownSizeIsClearedAnyOtherKeepsItsContents) {
 }
 
 TEST(ConvertFromVersit, ConvertersNotInTheLibraryYetAnswerUnexpected) {
-    std::string card = "BEGIN:VCARD\r\nVERSION:2.1\r\nEND:VCARD\r\n";
+    std::string calendar = "BEGIN:VCALENDAR\r\nVERSION:1.0\r\nEND:VCALENDAR\r\n";
     std::u16string message = u"BEGIN:VMSG\r\nVERSION:1.1\r\nEND:VMSG\r\n";
-    for (const std::uint32_t type : {1U, 2U, 3U, 5U}) {
+    for (const std::uint32_t type : {2U, 3U}) {
         AnyRecord record(64);
-        const VersitData in = type == 3 ? data_of(message) : data_of(card);
+        const VersitData in = type == 3 ? data_of(message) : data_of(calendar);
         EXPECT_EQ(ConvertFromVersit(type, &in, record.bytes.data()), 0x80100010U) << type;
         VersitData out{};
         EXPECT_EQ(ConvertToVersit(type, record.bytes.data(), &out), 0x80100010U) << type;

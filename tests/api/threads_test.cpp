@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/text.h"
+#include "vcard/contact_builder.h"
 #include "vzapi/vzapi.h"
 
 namespace {
@@ -35,6 +36,31 @@ bool convert_there_and_back(int thread, int round) {
     return FreeVersitData(&text) == VZ_OK && FreeConverterData(VZ_TYPE_BOOKMARK, &back) == VZ_OK && same;
 }
 
+// The same for a contact, which is written for another kind of device on each thread.
+bool convert_contact_there_and_back(int thread, int round) {
+    constexpr std::uint32_t kFamilies[kThreads] = {VZ_PROFILE_NONE, VZ_PROFILE_10, VZ_PROFILE_10,
+                                                   VZ_PROFILE_20};
+    constexpr std::uint32_t kVersions[kThreads] = {0, 10, 280, 300};
+    std::u16string name = u"Ann \u00E9 ";
+    name.append(static_cast<std::size_t>(round % 50), static_cast<char16_t>(u'a' + thread));
+    const Contact contact{text(VZ_CONTACT_FORMATTED_NAME, name),
+                          photo(u"JPEG", std::string(static_cast<std::size_t>(round + 1), 'x')),
+                          text(VZ_CONTACT_PHONE_MOBILE, u"+49", kPreferred),
+                          address(VZ_CONTACT_ADDRESS_HOME, {u"", u"", name, u"K\u00F6ln"}),
+                          text(VZ_CONTACT_NOTE, name)};
+    ContactRecord record(contact);
+    VersitData versit{};
+    if (ConvertToVersit2(kFamilies[thread], kVersions[thread], VZ_PROFILE_ON, VZ_TYPE_CONTACT, record.item(),
+                         &versit) != VZ_OK)
+        return false;
+    ContactItem back{};
+    back.size = sizeof back;
+    const bool same = ConvertFromVersit(VZ_TYPE_CONTACT, &versit, &back) == VZ_OK && back.generalCount >= 2 &&
+                      contact_of(back).addresses == contact.addresses &&
+                      contact_of(back).phones == contact.phones;
+    return FreeVersitData(&versit) == VZ_OK && FreeConverterData(VZ_TYPE_CONTACT, &back) == VZ_OK && same;
+}
+
 // Both parsers run to their end on a text without an object.
 bool refuse(int round) {
     std::string card = "NOTE;QUOTED-PRINTABLE:a=\r\nb\r\n c\nd\r\nPHOTO;BASE64:\r\n  AAAA\r\n\r\n";
@@ -59,7 +85,9 @@ TEST(Threads, ConvertIndependently) {
     for (int thread = 0; thread < kThreads; ++thread) {
         threads.emplace_back([thread, &wrong] {
             for (int round = 0; round < kRounds; ++round) {
-                if (!convert_there_and_back(thread, round) || !refuse(round)) ++wrong;
+                const bool right = convert_there_and_back(thread, round) &&
+                                   convert_contact_there_and_back(thread, round) && refuse(round);
+                if (!right) ++wrong;
             }
         });
     }

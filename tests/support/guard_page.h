@@ -8,8 +8,9 @@ namespace vzapi::test {
 
 class GuardPage {
 public:
-    // `pages` readable and writable pages, zero-filled, followed by one page without access.
-    explicit GuardPage(std::size_t pages = 1);
+    // `pages` readable and writable pages, zero-filled, followed by `hole` pages without access and `behind`
+    // further ones like the first.
+    explicit GuardPage(std::size_t pages = 1, std::size_t hole = 1, std::size_t behind = 0);
     ~GuardPage();
     GuardPage(const GuardPage&) = delete;
     GuardPage& operator=(const GuardPage&) = delete;
@@ -17,7 +18,9 @@ public:
     [[nodiscard]] std::byte* begin() const noexcept { return memory_; }
     // First byte of the page without access.
     [[nodiscard]] std::byte* unreadable() const noexcept { return memory_ + readable_; }
-    // The last `size` readable bytes.
+    // First byte behind the pages without access.
+    [[nodiscard]] std::byte* behind() const noexcept { return unreadable() + hole_; }
+    // The last `size` readable bytes in front of them.
     [[nodiscard]] std::byte* last(std::size_t size) const noexcept { return unreadable() - size; }
 
     // A pointer into the page without access.
@@ -32,7 +35,9 @@ public:
 
 private:
     std::byte* memory_ = nullptr;
-    std::size_t readable_ = 0;
+    std::size_t readable_ = 0;  // bytes
+    std::size_t hole_ = 0;
+    std::size_t behind_ = 0;
 };
 
 }  // namespace vzapi::test

@@ -13,6 +13,7 @@ struct InputRow {
     const char* name;
     std::string bytes;
     std::string text;
+    TextCharset charset = TextCharset::Unknown;
 };
 
 // The bytes of a literal, which may hold NUL.
@@ -27,27 +28,31 @@ TEST(InputText, FormsOfUnicodeBecomeEightBitText) {
         {"one byte", "B", "B"},
         {"ASCII", "BEGIN", "BEGIN"},
         {"UTF-8", "T:\xC3\xA9", "T:\xC3\xA9"},
-        {"UTF-8 with a mark", "\xEF\xBB\xBFT:\xC3\xA9", "T:\xC3\xA9"},
-        {"a mark alone", "\xEF\xBB\xBF", ""},
+        {"UTF-8 with a mark", "\xEF\xBB\xBFT:\xC3\xA9", "T:\xC3\xA9", TextCharset::Utf8},
+        {"a mark alone", "\xEF\xBB\xBF", "", TextCharset::Utf8},
         {"another charset", "T:\xE9\x8A", "T:\xE9\x8A"},
-        {"UTF-16LE with a mark", bytes("\xFF\xFET\0\xE9\0"), "T\xC3\xA9"},
-        {"UTF-16BE with a mark", bytes("\xFE\xFF\0T\0\xE9"), "T\xC3\xA9"},
-        {"UTF-16LE", bytes("T\0:\0\xE9\0"), "T:\xC3\xA9"},
-        {"UTF-16BE", bytes("\0T\0:\0\xE9"), "T:\xC3\xA9"},
-        {"a surrogate pair", bytes("\xFF\xFE\x3D\xD8\x00\xDE"), "\xF0\x9F\x98\x80"},
-        {"half a surrogate pair", bytes("\xFF\xFE\x3D\xD8z\0"), "\xEF\xBF\xBDz"},
-        {"half a unit at the end", bytes("\xFF\xFET\0z"), "T\xEF\xBF\xBD"},
+        {"UTF-16LE with a mark", bytes("\xFF\xFET\0\xE9\0"), "T\xC3\xA9", TextCharset::Utf8},
+        {"UTF-16BE with a mark", bytes("\xFE\xFF\0T\0\xE9"), "T\xC3\xA9", TextCharset::Utf8},
+        {"UTF-16LE", bytes("T\0:\0\xE9\0"), "T:\xC3\xA9", TextCharset::Utf8},
+        {"UTF-16BE", bytes("\0T\0:\0\xE9"), "T:\xC3\xA9", TextCharset::Utf8},
+        {"a surrogate pair", bytes("\xFF\xFE\x3D\xD8\x00\xDE"), "\xF0\x9F\x98\x80", TextCharset::Utf8},
+        {"half a surrogate pair", bytes("\xFF\xFE\x3D\xD8z\0"), "\xEF\xBF\xBDz", TextCharset::Utf8},
+        {"half a unit at the end", bytes("\xFF\xFET\0z"), "T\xEF\xBF\xBD", TextCharset::Utf8},
         {"NULs behind ASCII", bytes("T\0\0\0"), bytes("T\0\0\0")},
     };
-    for (const InputRow& row : rows) EXPECT_EQ(eight_bit_text(row.bytes), row.text) << row.name;
+    for (const InputRow& row : rows) {
+        const InputText text = eight_bit_text(row.bytes);
+        EXPECT_EQ(text.text, row.text) << row.name;
+        EXPECT_EQ(text.charset, row.charset) << row.name;
+    }
 }
 
 TEST(InputText, StandardInputIsReadToItsEnd) {
     const std::string text(3 * 1024 * 1024 + 7, 'x');
     std::istringstream in(text);
-    EXPECT_EQ(read_input("-", in), text);
+    EXPECT_EQ(read_input("-", in).text, text);
     std::istringstream nothing;
-    EXPECT_EQ(read_input("-", nothing), "");
+    EXPECT_EQ(read_input("-", nothing).text, "");
 }
 
 TEST(InputText, AMissingFileIsAFailureWithAReason) {

@@ -44,7 +44,7 @@ TEST(Kind, AGroupIsACardWithItsProperty) {
 }
 
 TEST(Kind, AKindWithoutConverterSaysSo) {
-    const Kind kind = {1, "thing", "things", "VTHING", "", nullptr};
+    const Kind kind = {1, false, "thing", "things", "VTHING", "", nullptr};
     try {
         converter_of(kind);
         FAIL() << "has a converter";

@@ -3,11 +3,12 @@
 
 Usage: run_cases.py VZCONV [EMULATOR ...]
 
-Samples are the *.vbm files of tests/data/bookmarks. Beside each stands what the commands print for it:
-.expected.json (json), .expected.txt (show), .expected.check (check), and, where something is to be said on standard
-error, .expected.err (json and show) and .expected.check.err (check). The *.json files of from-json are the input of
-the command versit, with .expected.vbm and .expected.err. A message that is no warning is a failure: exit status 1.
-Every case expects the same bytes on every platform.
+Samples are the *.vbm files of tests/data/bookmarks and the *.vcf files of tests/data/contacts. Beside each stands what
+the commands print for it: .expected.json (json), .expected.txt (show), .expected.check (check), and, where something is
+to be said on standard error, .expected.err (json and show), .expected.check.err (check) and .expected.versit.err (versit
+of the JSON). The *.json files of from-json are the input of the command versit, with .expected.vbm or .expected.vcf, one
+such with the name of a profile in it for each profile asked for, and .expected.err. A message that is no warning is a
+failure: exit status 1. Every case expects the same bytes on every platform.
 """
 
 import json
@@ -18,8 +19,10 @@ import subprocess
 import sys
 import tempfile
 
-SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "bookmarks"
-FROM_JSON = SAMPLES / "from-json"
+DATA = pathlib.Path(__file__).resolve().parent.parent / "data"
+SAMPLES = DATA / "bookmarks"
+FOLDERS = ((SAMPLES, ".vbm"), (DATA / "contacts", ".vcf"))  # of samples, with the suffix of their files
+KINDS = {"bookmark", "contact", "group"}
 BOOKMARK = b"BEGIN:VBKM\r\nVERSION:1.0\r\nTITLE:%s\r\nURL:http://www.example.com/\r\nEND:VBKM\r\n"
 BOOKMARK_JSON = b'{"kind":"bookmark","title":"%s","url":"http://www.example.com/"}\n'
 
@@ -92,16 +95,16 @@ def status_for(messages):
     return 1 if any(b": warning: " not in line for line in messages.splitlines()) else 0
 
 
-def sample_cases(tool, cases):
-    for sample in sorted(SAMPLES.glob("*.vbm")):
+def sample_cases(tool, cases, folder, suffix):
+    for sample in sorted(folder.glob("*" + suffix)):
         messages = expected_bytes(sample, ".err")
-        for command, suffix in (("json", ".json"), ("show", ".txt")):
-            cases.expect_run(f"{command} {sample.name}", tool.run(command, sample.name),
-                             expected_bytes(sample, suffix), messages, status_for(messages))
+        for command, answer in (("json", ".json"), ("show", ".txt")):
+            cases.expect_run(f"{command} {sample.name}", tool.run(command, sample.name, cwd=folder),
+                             expected_bytes(sample, answer), messages, status_for(messages))
         verdicts = expected_bytes(sample, ".check")
         messages = expected_bytes(sample, ".check.err")
         bad = any(not is_good_verdict(line) for line in verdicts.splitlines())
-        cases.expect_run(f"check {sample.name}", tool.run("check", sample.name), verdicts, messages,
+        cases.expect_run(f"check {sample.name}", tool.run("check", sample.name, cwd=folder), verdicts, messages,
                          1 if bad else status_for(messages))
 
 
@@ -109,24 +112,38 @@ def is_good_verdict(line):
     return line.split(b": ", 2)[2].startswith(b"ok")
 
 
-def from_json_cases(tool, cases):
-    for sample in sorted(FROM_JSON.glob("*.json")):
+def from_json_cases(tool, cases, folder, suffix):
+    for sample in sorted(folder.glob("from-json/*.json")):
         messages = expected_bytes(sample, ".err")
-        cases.expect_run(f"versit {sample.name}", tool.run("versit", sample.name, cwd=FROM_JSON),
-                         expected_bytes(sample, ".vbm"), messages, status_for(messages))
+        for expected in sorted(sample.parent.glob(sample.stem + ".expected*" + suffix)):
+            profile = expected.name[len(sample.stem) + len(".expected."):-len(suffix)]
+            arguments = ["--profile", profile] if profile else []
+            cases.expect_run(" ".join(["versit", sample.name, *arguments]),
+                             tool.run("versit", *arguments, sample.name, cwd=sample.parent),
+                             expected.read_bytes(), messages, status_for(messages))
 
 
-def round_trip_cases(tool, cases):
-    """What json prints is JSON line by line, goes through versit and comes back the same."""
-    for expected in sorted(SAMPLES.glob("*.expected.json")):
+def explicit_profile_cases(tool, cases):
+    folder = DATA / "contacts" / "from-json"
+    expected = (folder / "all-fields.expected.20-empty-fields.vcf").read_bytes()
+    for profile in ("0x02000020:300", "33554464:0x12c"):
+        cases.expect_run(f"versit --profile {profile}",
+                         tool.run("versit", "--profile", profile, "all-fields.json", cwd=folder), expected)
+
+
+def round_trip_cases(tool, cases, folder):
+    """What json prints is JSON line by line, goes through versit and comes back the same, but for what versit warns of."""
+    for expected in sorted(folder.glob("*.expected.json")):
         objects = expected.read_bytes()
         if not objects:
             continue
         for line in objects.decode("utf-8").split("\n")[:-1]:
-            cases.expect(f"JSON in {expected.name}", kind=("bookmark", json.loads(line)["kind"]))
-        versit = tool.run("versit", expected.name)
-        cases.expect(f"versit {expected.name}", stderr=(b"", versit.stderr), status=(0, versit.returncode))
-        cases.expect_run(f"json of versit of {expected.name}", tool.run("json", "-", stdin=versit.stdout), objects)
+            cases.expect(f"JSON in {expected.name}", kind=(True, json.loads(line)["kind"] in KINDS))
+        versit = tool.run("versit", expected.name, cwd=folder)
+        losses = expected_bytes(expected.with_name(expected.name.replace(".expected.json", ".json")), ".versit.err")
+        cases.expect(f"versit {expected.name}", stderr=(losses, versit.stderr), status=(0, versit.returncode))
+        if not losses:
+            cases.expect_run(f"json of versit of {expected.name}", tool.run("json", "-", stdin=versit.stdout), objects)
 
 
 def input_cases(tool, cases, folder):
@@ -171,6 +188,16 @@ def large_cases(tool, cases, folder):
     title = b"t" * (64 << 20)
     (folder / "long.vbm").write_bytes(BOOKMARK % title)
     cases.expect_run("json of a title of 64 MB", tool.run("json", "long.vbm", cwd=folder), BOOKMARK_JSON % title)
+    card = b"BEGIN:VCARD\r\nVERSION:2.1\r\n%sEND:VCARD\r\n"
+    for name, line, value in (("folds", b"NOTE:%s\r\n", b"\r\n \xc3\xa9"),
+                              ("soft line breaks", b"NOTE;ENCODING=QUOTED-PRINTABLE:%s\r\n", b"=C3=A9=\r\n")):
+        text = card % (line % (value * 500000 + b"e"))
+        note = "\u00e9".encode() * 500000 + b"e"
+        cases.expect_run(f"json of a note of half a million {name} without a charset",
+                         tool.run("json", "-", stdin=text), b'{"kind":"contact","note":"%s"}\n' % note)
+    cases.expect_run("show of a contact with a hundred thousand names",
+                     tool.run("show", "-", stdin=card % (b"FN:a\r\nN:b\r\n" * 100000)),
+                     b"Contact\n" + b"  Name                 a\n" * 100000 + b"  Family name          b\n" * 100000)
     begins = b"BEGIN:VBKM\n" * 100000
     verdict = b"-:%d: bookmark: no END:VBKM before the BEGIN:VBKM of line %d\n"
     last = b"-:100000: bookmark: no END:VBKM before the end of the text\n"
@@ -189,11 +216,16 @@ def usage_cases(tool, cases):
         ("show without files", ("show",), b"vzconv: FILE is required"),
         ("json without files", ("json",), b"vzconv: FILE is required"),
         ("versit without files", ("versit",), b"vzconv: FILE is required"),
+        ("no such profile", ("versit", "--profile", "nobody", "a.json"),
+         b'vzconv: --profile: there is no profile "nobody"'),
+        ("a profile where none is looked at", ("json", "--profile", "none", "a.vcf"),
+         b"vzconv: The following argument was not expected: --profile"),
         ("check without files", ("check",), b"vzconv: FILE is required"),
     )
     for name, arguments, message in rows:
         cases.expect_run(name, tool.run(*arguments), err=message + hint, status=2)
     for arguments, words in ((("--help",), b"Commands:"), (("json", "--help"), b"FILE ..."),
+                             (("versit", "--help"), b"20-empty-fields "),
                              (("--version",), b"vzconv 16.")):
         result = tool.run(*arguments)
         cases.expect(" ".join(arguments), stdout=(True, words in result.stdout), stderr=(b"", result.stderr),
@@ -223,9 +255,11 @@ def main():
     cases = Cases()
     folder = pathlib.Path(tempfile.mkdtemp(prefix="vzconv-"))
     try:
-        sample_cases(tool, cases)
-        from_json_cases(tool, cases)
-        round_trip_cases(tool, cases)
+        for samples, suffix in FOLDERS:
+            sample_cases(tool, cases, samples, suffix)
+            from_json_cases(tool, cases, samples, suffix)
+            round_trip_cases(tool, cases, samples)
+        explicit_profile_cases(tool, cases)
         input_cases(tool, cases, folder)
         usage_cases(tool, cases)
         lost_output_cases(tool, cases)

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "support/guard_page.h"
 
@@ -48,6 +49,9 @@ TEST(Base64, EncodesAndDecodes) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(encode(row.bytes), row.text);
         EXPECT_EQ(decode_base64(row.text), row.bytes);
+        std::vector<std::byte> room(decoded_base64_room(row.text));
+        const std::size_t size = decode_base64(row.text, room.data());
+        EXPECT_EQ(std::string_view(reinterpret_cast<const char*>(room.data()), size), row.bytes);
     }
     EXPECT_EQ(encode(std::string_view("\0\0\0", 3)), "AAAA");
 }

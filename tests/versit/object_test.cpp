@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -104,6 +106,44 @@ TEST(ComponentLines, NamesAreComparedWithoutRegardToCase) {
     const VersitObject object = object_of({"begin:vcard", "n:1", "end:vcard", "x:1"});
     EXPECT_EQ(texts_of(component_lines(object, ComponentId::VCard)),
               (Texts{"begin:vcard", "n:1", "end:vcard"}));
+}
+
+TEST(RootComponent, IsTheOneThatTheFirstBeginOpens) {
+    const VersitObject card =
+        object_of({"TEL:0", "begin: vcard", "TEL:1", "version:2.1", "VERSION:3.0", "END:VCARD"});
+    const std::optional<RootComponent> root = root_component(card, ComponentId::VCard);
+    ASSERT_TRUE(root);
+    EXPECT_EQ(root->version, "2.1");
+    ASSERT_EQ(root->lines.size(), 3U);
+    EXPECT_EQ(root->lines[0].id, PropertyId::Tel);
+    EXPECT_EQ(root->lines[0].line.text(), "TEL:1");
+    EXPECT_FALSE(root_component(card, ComponentId::VCalendar));
+    const VersitObject without = object_of({"TEL:0", "END:VCARD"});
+    EXPECT_FALSE(root_component(without, ComponentId::VCard));
+    const VersitObject inside = object_of({"BEGIN:VCALENDAR", "BEGIN:VCARD", "END:VCARD", "END:VCALENDAR"});
+    EXPECT_FALSE(root_component(inside, ComponentId::VCard));
+}
+
+TEST(RootComponent, HasTheLinesThatComponentLinesGivesBetweenItsFrame) {
+    const Texts choices = {"BEGIN:VCARD", "END:VCARD", "BEGIN:A", "END:A", "END:", "TEL:1", "VERSION:2.1"};
+    std::mt19937 random(42);
+    for (int round = 0; round < 3000; ++round) {
+        Texts lines = {"BEGIN:VCARD"};
+        for (std::size_t i = random() % 10; i > 0; --i) lines.push_back(choices[random() % choices.size()]);
+        const VersitObject object = object_of(lines);
+        Texts expected = texts_of(component_lines(object, ComponentId::VCard));
+        std::erase_if(expected, [](const std::string& line) {
+            return line.starts_with("BEGIN:") || line.starts_with("END:");
+        });
+        Texts own;
+        const std::optional<RootComponent> root = root_component(object, ComponentId::VCard);
+        ASSERT_TRUE(root);
+        for (const IdentifiedLine& line : root->lines) {
+            EXPECT_EQ(line.id, line.line.id());
+            own.emplace_back(line.line.text());
+        }
+        ASSERT_EQ(own, expected) << round;
+    }
 }
 
 TEST(SelectLines, FollowTheOrderOfTheNamesThenOfTheText) {

@@ -147,6 +147,14 @@ TEST(QuotedPrintable, Decodes) {
     EXPECT_EQ(decode_quoted_printable("a=00b"), std::string_view("a\0b", 3));
 }
 
+TEST(QuotedPrintable, DecodesInThePlaceOfWhatTheTextHeld) {
+    std::string text = "a longer text that was there before";
+    decode_quoted_printable("=C3=A9", text);
+    EXPECT_EQ(text, "\xC3\xA9");
+    decode_quoted_printable("", text);
+    EXPECT_EQ(text, "");
+}
+
 // One character after the other, by the definition.
 std::string decode_one_by_one(std::string_view text) {
     const auto is_digit = [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; };

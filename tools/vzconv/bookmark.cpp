@@ -41,7 +41,7 @@ void to_json(std::string_view text, nlohmann::ordered_json& object) {
     }
 }
 
-std::string from_json(const nlohmann::json& object) {
+std::string from_json(const nlohmann::json& object, const Profile& profile) {
     JsonFields fields(object);
     std::optional<std::u16string> values[std::size(kFields)];
     BookmarkItem item{};
@@ -51,11 +51,11 @@ std::string from_json(const nlohmann::json& object) {
         if (values[i]) item.*kFields[i].member = values[i]->data();
     }
     fields.expect_no_more();
-    return write_record(VZ_TYPE_BOOKMARK, &item);
+    return write_record(VZ_TYPE_BOOKMARK, &item, profile);
 }
 
 }  // namespace
 
-const Converter kBookmarkConverter = {show, to_json, from_json};
+const Converter kBookmarkConverter = {show, to_json, from_json, nullptr};
 
 }  // namespace vzconv

@@ -6,6 +6,7 @@
 #include <new>
 #include <ostream>
 
+#include "vzconv/failure.h"
 #include "vzconv/library.h"
 
 namespace vzconv {
@@ -16,16 +17,18 @@ struct CommandRow {
     const char* help;
     const char* files_help;
     Command run;
+    bool has_profile;
 };
 
 constexpr const char* kVersitFiles = "Files with versit objects; - is standard input";
 constexpr const char* kJsonFiles = "Files with JSON objects, one a line; - is standard input";
 
 constexpr CommandRow kCommands[] = {
-    {"show", "Print each object for a person to read", kVersitFiles, show},
-    {"json", "Print each object as one line of JSON", kVersitFiles, json},
-    {"versit", "Print versit text for each line of JSON", kJsonFiles, versit},
-    {"check", "Print a line for each object: file, line, kind, ok or what is wrong", kVersitFiles, check},
+    {"show", "Print each object for a person to read", kVersitFiles, show, false},
+    {"json", "Print each object as one line of JSON", kVersitFiles, json, false},
+    {"versit", "Print versit text for each line of JSON", kJsonFiles, versit, true},
+    {"check", "Print a line for each object: file, line, kind, ok or what is wrong", kVersitFiles, check,
+     false},
 };
 
 constexpr const char* kDescription =
@@ -51,10 +54,10 @@ void remove_guards(FileNames& files) {
     }
 }
 
-int convert(Command command, const FileNames& files, Streams streams) {
+int convert(Command command, const Request& request, Streams streams) {
     Report report(streams.err);
     const LibrarySession session;
-    command(files, streams, report);
+    command(request, streams, report);
     if (!streams.out.flush()) throw OutputLost();
     return report.has_failures() ? kSomeFailed : kAllConverted;
 }
@@ -81,6 +84,28 @@ int answer(const CLI::App& app, const CLI::ParseError& error, const std::vector<
     return kUsage;
 }
 
+// The option --profile, and the names that it knows below the options.
+void add_profile(CLI::App& command, std::string& profile) {
+    command.add_option("--profile", profile, "Write for a receiving device: a profile below")
+        ->type_name("NAME")
+        ->check([](const std::string& name) {
+            try {
+                profile_of(name);
+                return std::string();
+            } catch (const Failure& failure) {
+                return std::string(failure.what());
+            }
+        });
+    std::string names = "Profiles:\n";
+    for (const ProfileRow& row : profiles()) {
+        constexpr std::size_t kNameWidth = 28;
+        std::string name(row.name);
+        name.resize(kNameWidth, ' ');
+        names.append("  ").append(name).append(row.effect).append("\n");
+    }
+    command.footer(names + "  FAMILY:VERSION              any other, such as 0x02000020:300");
+}
+
 int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
     CLI::App app(kDescription, "vzconv");
     app.footer(kFooter);
@@ -89,20 +114,23 @@ int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
     app.get_formatter()->column_width(16);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     app.get_formatter()->label("REQUIRED", "");
-    FileNames files;
+    Request request;
+    std::string profile;
     for (const CommandRow& row : kCommands) {
         CLI::App* command = app.add_subcommand(row.name, row.help);
         command->group("Commands");
-        command->add_option("FILE", files, row.files_help)->required()->type_name("");
+        command->add_option("FILE", request.files, row.files_help)->required()->type_name("");
+        if (row.has_profile) add_profile(*command, profile);
     }
     try {
         app.parse(for_parser(arguments));
     } catch (const CLI::ParseError& error) {
         return answer(app, error, arguments, streams);
     }
-    remove_guards(files);
+    remove_guards(request.files);
+    if (!profile.empty()) request.profile = profile_of(profile);
     for (const CommandRow& row : kCommands) {
-        if (app.got_subcommand(row.name)) return convert(row.run, files, streams);
+        if (app.got_subcommand(row.name)) return convert(row.run, request, streams);
     }
     return kUsage;
 }

@@ -23,7 +23,7 @@ void put(std::ostream& out, std::string_view text) {
 }
 
 // The text of a file, or nothing when that failure is reported.
-std::optional<std::string> text_of(const std::string& file, std::istream& in, Report& report) {
+std::optional<InputText> text_of(const std::string& file, std::istream& in, Report& report) {
     try {
         return read_input(file, in);
     } catch (const Failure& failure) {
@@ -37,13 +37,15 @@ struct Found {
     const Piece& piece;
     const Kind* kind;  // null: none of ours
     Place place;
+    TextCharset charset;
 
     std::string_view kind_name() const { return kind != nullptr ? kind->name : piece.component; }
 
     // The text for the library, kept in `storage` where it differs from that of the file.
     std::string_view library_text(std::string& storage) const {
         if (!piece.reason.empty()) throw Failure(piece.reason);
-        return with_library_line_ends(piece.text, storage);
+        const std::string_view text = with_library_line_ends(piece.text, storage);
+        return kind->is_code_page_text ? with_charset_marks(text, charset, storage) : text;
     }
 };
 
@@ -53,9 +55,9 @@ void warn_of_stray_text(const std::string& file, std::size_t line, Report& repor
     report.warning({file, line}, "text outside of any object is left out");
 }
 
-void for_each_object_of(const std::string& file, std::string_view text, Report& report,
+void for_each_object_of(const std::string& file, const InputText& input, Report& report,
                         const ObjectHandler& handle) {
-    ObjectSplitter splitter(text);
+    ObjectSplitter splitter(input.text);
     bool has_objects = false;
     std::size_t leading_stray = 0;  // a text without any object gets one message, not two
     for (Piece piece; splitter.next(piece);) {
@@ -66,23 +68,23 @@ void for_each_object_of(const std::string& file, std::string_view text, Report& 
         }
         if (!has_objects && leading_stray != 0) warn_of_stray_text(file, leading_stray, report);
         has_objects = true;
-        handle({piece, kind_of_object(piece.component, piece.text), {file, piece.line}});
+        handle({piece, kind_of_object(piece.component, piece.text), {file, piece.line}, input.charset});
     }
     if (!has_objects) report.failure({file}, {}, "holds no versit object");
 }
 
-void for_each_object(const FileNames& files, Streams streams, Report& report, const ObjectHandler& handle) {
-    for (const std::string& file : files) {
-        const std::optional<std::string> text = text_of(file, streams.in, report);
+void for_each_object(const Request& request, Streams streams, Report& report, const ObjectHandler& handle) {
+    for (const std::string& file : request.files) {
+        const std::optional<InputText> text = text_of(file, streams.in, report);
         if (text) for_each_object_of(file, *text, report, handle);
     }
 }
 
 // Converts each object with `convert` and puts the result out.
-void convert_each(const FileNames& files, Streams streams, Report& report,
+void convert_each(const Request& request, Streams streams, Report& report,
                   const std::function<std::string(const Kind& kind, std::string_view text)>& convert) {
     std::string storage;
-    for_each_object(files, streams, report, [&](const Found& found) {
+    for_each_object(request, streams, report, [&](const Found& found) {
         try {
             const std::string_view text = found.library_text(storage);
             put(streams.out, convert(*found.kind, text));
@@ -131,22 +133,28 @@ void warn_of_losses(const Kind& kind, const nlohmann::json& fields, std::string_
         report.warning(place, std::string("the text written cannot be read again: ") + failure.what());
         return;
     }
-    for (const auto& [key, value] : fields.items()) {
+    const auto plain_form = kind.converter->plain_form;
+    const nlohmann::json plain = plain_form == nullptr ? fields : plain_form(fields);
+    for (const auto& [key, value] : plain.items()) {
         if (again.value(key, nlohmann::json()) == value) continue;
         report.warning(place, "\"" + key + "\" is not the same when the text written is read again");
     }
 }
 
-void convert_json_line(std::string_view line, const Place& place, std::ostream& out, Report& report) {
+void convert_json_line(std::string_view line, const Profile& profile, const Place& place, std::ostream& out,
+                       Report& report) {
     std::string_view kind_name;
     try {
         nlohmann::json fields = object_of_line(line);
         const Kind& kind = kind_of_json(fields);
         kind_name = kind.name;
         fields.erase("kind");
-        const std::string text = converter_of(kind).from_json(fields);
+        const std::string text = converter_of(kind).from_json(fields, profile);
         put(out, text);
-        warn_of_losses(kind, fields, text, place, report);
+        // What a profile adds and leaves out it does on purpose: losses are those of the plain form.
+        warn_of_losses(kind, fields,
+                       profile.is_none() ? text : converter_of(kind).from_json(fields, Profile{}), place,
+                       report);
     } catch (const Failure& failure) {
         report.failure(place, kind_name, failure.what());
     }
@@ -154,9 +162,9 @@ void convert_json_line(std::string_view line, const Place& place, std::ostream& 
 
 }  // namespace
 
-void show(const FileNames& files, Streams streams, Report& report) {
+void show(const Request& request, Streams streams, Report& report) {
     bool is_first = true;
-    convert_each(files, streams, report, [&is_first](const Kind& kind, std::string_view text) {
+    convert_each(request, streams, report, [&is_first](const Kind& kind, std::string_view text) {
         const std::string shown = converter_of(kind).show(text);
         const std::string_view gap = is_first ? "" : "\n";
         is_first = false;
@@ -164,28 +172,28 @@ void show(const FileNames& files, Streams streams, Report& report) {
     });
 }
 
-void json(const FileNames& files, Streams streams, Report& report) {
-    convert_each(files, streams, report,
+void json(const Request& request, Streams streams, Report& report) {
+    convert_each(request, streams, report,
                  [](const Kind& kind, std::string_view text) { return line_of_object(json_of(kind, text)); });
 }
 
-void versit(const FileNames& files, Streams streams, Report& report) {
-    for (const std::string& file : files) {
-        const std::optional<std::string> text = text_of(file, streams.in, report);
+void versit(const Request& request, Streams streams, Report& report) {
+    for (const std::string& file : request.files) {
+        const std::optional<InputText> text = text_of(file, streams.in, report);
         if (!text) continue;
         bool has_objects = false;
-        TextLines lines(*text);
+        TextLines lines(text->text);
         for (TextLine line; lines.next(line);) {
             if (trimmed(line.text).empty()) continue;
             has_objects = true;
-            convert_json_line(line.text, {file, line.number}, streams.out, report);
+            convert_json_line(line.text, request.profile, {file, line.number}, streams.out, report);
         }
         if (!has_objects) report.failure({file}, {}, "holds no JSON object");
     }
 }
 
-void check(const FileNames& files, Streams streams, Report& report) {
-    for_each_object(files, streams, report, [&](const Found& found) {
+void check(const Request& request, Streams streams, Report& report) {
+    for_each_object(request, streams, report, [&](const Found& found) {
         std::string line = in_words(found.place) + ": " + std::string(found.kind_name()) + ": ";
         try {
             line += verdict_on(found);

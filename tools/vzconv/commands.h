@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "vzconv/profile.h"
 #include "vzconv/report.h"
 
 namespace vzconv {
@@ -23,11 +24,18 @@ public:
 };
 
 using FileNames = std::vector<std::string>;
-using Command = void (*)(const FileNames& files, Streams streams, Report& report);
 
-void show(const FileNames& files, Streams streams, Report& report);
-void json(const FileNames& files, Streams streams, Report& report);
-void versit(const FileNames& files, Streams streams, Report& report);
-void check(const FileNames& files, Streams streams, Report& report);
+// What the arguments of the program ask for.
+struct Request {
+    FileNames files;
+    Profile profile;  // looked at by versit
+};
+
+using Command = void (*)(const Request& request, Streams streams, Report& report);
+
+void show(const Request& request, Streams streams, Report& report);
+void json(const Request& request, Streams streams, Report& report);
+void versit(const Request& request, Streams streams, Report& report);
+void check(const Request& request, Streams streams, Report& report);
 
 }  // namespace vzconv

@@ -47,7 +47,7 @@ std::string read_file(const std::string& name) {
 
 enum class Order { LittleEndian, BigEndian };
 
-std::string utf8_of_units(std::string_view bytes, Order order) {
+InputText utf8_of_units(std::string_view bytes, Order order) {
     std::u16string units;
     units.reserve(bytes.size() / 2 + 1);
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
@@ -57,7 +57,7 @@ std::string utf8_of_units(std::string_view bytes, Order order) {
             static_cast<char16_t>(order == Order::LittleEndian ? first | second << 8 : first << 8 | second));
     }
     if (bytes.size() % 2 != 0) units.push_back(u'\xFFFD');
-    return utf8_from_utf16(units);
+    return {utf8_from_utf16(units), TextCharset::Utf8};
 }
 
 // Versit text begins with ASCII characters: in UTF-16 every second byte of them is zero.
@@ -68,18 +68,18 @@ bool has_zero_halves(std::string_view bytes, std::size_t zero) {
 
 }  // namespace
 
-std::string read_input(const std::string& name, std::istream& standard_input) {
+InputText read_input(const std::string& name, std::istream& standard_input) {
     return eight_bit_text(name == "-" ? read_all(standard_input, 0) : read_file(name));
 }
 
-std::string eight_bit_text(std::string bytes) {
+InputText eight_bit_text(std::string bytes) {
     const std::string_view view = bytes;
     if (view.starts_with("\xFF\xFE")) return utf8_of_units(view.substr(2), Order::LittleEndian);
     if (view.starts_with("\xFE\xFF")) return utf8_of_units(view.substr(2), Order::BigEndian);
     if (has_zero_halves(view, 1)) return utf8_of_units(view, Order::LittleEndian);
     if (has_zero_halves(view, 0)) return utf8_of_units(view, Order::BigEndian);
-    if (view.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
-    return bytes;
+    if (view.starts_with("\xEF\xBB\xBF")) return {bytes.substr(3), TextCharset::Utf8};
+    return {std::move(bytes), TextCharset::Unknown};
 }
 
 }  // namespace vzconv

@@ -8,23 +8,49 @@
 
 namespace vzconv {
 
-// Takes the fields out of one object, and sees to it that none is left behind.
+// Takes the fields out of one object, and sees to it that none is left behind. Each function that takes one
+// gives nothing when the object does not have it, and throws Failure, naming it, when its value is of another
+// type.
 class JsonFields {
 public:
-    // REQUIRES: `object` is a JSON object and outlives this.
-    explicit JsonFields(const nlohmann::json& object) : object_(object) {}
+    // REQUIRES: `object` is a JSON object and outlives this. `place` is where it stands in the line, such as
+    // "phones[0]."; empty for the line's own object.
+    explicit JsonFields(const nlohmann::json& object, std::string place = {})
+        : object_(object), place_(std::move(place)) {}
 
-    // The value of a field as UTF-16 text for a record; nothing when the object does not have it. Throws
-    // Failure when it is no string, or holds a NUL, where a record's string would end.
+    // The field whatever it is; null when there is none.
+    const nlohmann::json* find(const char* key);
+
+    // A string as UTF-16 text for a record. Throws Failure also when it holds a NUL, where a record's string
+    // would end.
     std::optional<std::u16string> text(const char* key);
+
+    // A string as it is.
+    std::optional<std::string> word(const char* key);
+
+    // True or false; false when there is none.
+    bool flag(const char* key);
+
+    const nlohmann::json* array(const char* key);
+    const nlohmann::json* object(const char* key);
+
+    // "place.key" in quotation marks, for messages.
+    std::string name_of(const std::string& key) const;
 
     // Throws Failure when the object has a field that was not asked for.
     void expect_no_more() const;
 
 private:
     const nlohmann::json& object_;
+    std::string place_;
     std::set<std::string> asked_;
 };
+
+// `value` as UTF-16 text for a record; `name` is for messages.
+std::u16string record_text_of(const nlohmann::json& value, const std::string& name);
+
+// "NAME must be WANTED, not a number" and the like.
+[[noreturn]] void refuse_type(const std::string& name, const char* wanted, const nlohmann::json& value);
 
 // "a number" and the like, for messages.
 std::string type_in_words(const nlohmann::json& value);

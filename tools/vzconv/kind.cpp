@@ -3,6 +3,8 @@
 #include "vzapi/vzapi.h"
 #include "vzconv/ascii.h"
 #include "vzconv/bookmark.h"
+#include "vzconv/contact.h"
+#include "vzconv/contact_group.h"
 #include "vzconv/failure.h"
 #include "vzconv/text_lines.h"
 
@@ -11,11 +13,11 @@ namespace {
 
 // Of the kinds that share a component, the one with a sign stands first.
 constexpr Kind kKinds[] = {
-    {VZ_TYPE_CONTACT_GROUP, "group", "contact groups", "VCARD", "X-CNTGRP", nullptr},
-    {VZ_TYPE_CONTACT, "contact", "contacts", "VCARD", "", nullptr},
-    {VZ_TYPE_CALENDAR, "calendar entry", "calendar entries", "VCALENDAR", "", nullptr},
-    {VZ_TYPE_MESSAGE, "message", "messages", "VMSG", "", nullptr},
-    {VZ_TYPE_BOOKMARK, "bookmark", "bookmarks", "VBKM", "", &kBookmarkConverter},
+    {VZ_TYPE_CONTACT_GROUP, true, "group", "contact groups", "VCARD", "X-CNTGRP", &kContactGroupConverter},
+    {VZ_TYPE_CONTACT, true, "contact", "contacts", "VCARD", "", &kContactConverter},
+    {VZ_TYPE_CALENDAR, true, "calendar entry", "calendar entries", "VCALENDAR", "", nullptr},
+    {VZ_TYPE_MESSAGE, false, "message", "messages", "VMSG", "", nullptr},
+    {VZ_TYPE_BOOKMARK, false, "bookmark", "bookmarks", "VBKM", "", &kBookmarkConverter},
 };
 
 bool has_property(std::string_view text, std::string_view name) {

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "vzconv/profile.h"
+
 namespace vzconv {
 
 // How objects of one kind are converted. `text` is one object as the library takes it, but 8-bit text for
@@ -16,12 +18,16 @@ struct Converter {
     std::string (*show)(std::string_view text);
     // Adds its fields, named in words, to `object`; an absent one is missing.
     void (*to_json)(std::string_view text, nlohmann::ordered_json& object);
-    // The text for the object's fields; "kind" is taken away. Every field counts or is refused.
-    std::string (*from_json)(const nlohmann::json& fields);
+    // The text for the object's fields, in the form for the device of that profile; "kind" is taken away. Every
+    // field counts or is refused.
+    std::string (*from_json)(const nlohmann::json& fields, const Profile& profile);
+    // The fields as to_json would say them. Null: there is one way only.
+    nlohmann::json (*plain_form)(const nlohmann::json& fields);
 };
 
 struct Kind {
     uint32_t type;               // VZ_TYPE_...
+    bool is_code_page_text;      // whether a line without CHARSET is in the system's code page
     std::string_view name;       // in JSON and in messages
     std::string_view plural;     // in messages
     std::string_view component;  // what its text begins and ends with

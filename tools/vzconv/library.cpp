@@ -44,7 +44,7 @@ private:
     VersitData data_{};
 };
 
-// Text that the library wrote.
+// Text that the library wrote. Some writers look at the size beforehand.
 class OutputText {
 public:
     OutputText() = default;
@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    VersitData data_{};
+    VersitData data_{sizeof(VersitData), VZ_FORMAT_CONVERTED, 0, nullptr};
 };
 
 }  // namespace
@@ -78,9 +78,9 @@ void read_record(uint32_t type, std::string_view text, void* item) {
     check(ConvertFromVersit(type, input.get(), item));
 }
 
-std::string write_record(uint32_t type, const void* item) {
+std::string write_record(uint32_t type, const void* item, const Profile& profile) {
     OutputText output;
-    check(ConvertToVersit(type, item, output.get()));
+    check(ConvertToVersit2(profile.family, profile.version, profile.counts, type, item, output.get()));
     return output.text(type);
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "vzapi/vzapi.h"
+#include "vzconv/profile.h"
 
 namespace vzconv {
 
@@ -28,8 +29,8 @@ void validate(uint32_t type, std::string_view text);
 // releasing too.
 void read_record(uint32_t type, std::string_view text, void* item);
 
-// The text that the library writes for the record at `item`, as 8-bit text.
-std::string write_record(uint32_t type, const void* item);
+// The text that the library writes for the record at `item` and the device of that profile, as 8-bit text.
+std::string write_record(uint32_t type, const void* item, const Profile& profile);
 
 // A record that the library filled from text, released with what it owns.
 template <class Item, uint32_t kType>

@@ -7,7 +7,6 @@ namespace vzconv {
 namespace {
 
 constexpr std::size_t kIndent = 2;
-constexpr std::size_t kLabelWidth = 10;
 
 // The picture of a C0 control or DEL (U+2400 to U+2421), which is three bytes.
 void append_picture(std::string& out, unsigned char control) {
@@ -22,11 +21,11 @@ bool is_c1_control(std::string_view value, std::size_t at) {
     return second >= 0x80 && second <= 0x9F;
 }
 
-void append_value(std::string& out, std::string_view value) {
+void append_value(std::string& out, std::string_view value, std::size_t column) {
     for (std::size_t i = 0; i < value.size(); ++i) {
         const auto byte = static_cast<unsigned char>(value[i]);
         if (value[i] == '\n') {
-            out.append("\n").append(kIndent + kLabelWidth, ' ');
+            out.append("\n").append(column, ' ');
         } else if (value.substr(i).starts_with("\r\n")) {
             continue;
         } else if (is_c1_control(value, i)) {
@@ -42,13 +41,14 @@ void append_value(std::string& out, std::string_view value) {
 
 }  // namespace
 
-Readable::Readable(std::string_view heading) : heading_(heading) {}
+Readable::Readable(std::string_view heading, std::size_t label_width)
+    : heading_(heading), label_width_(label_width) {}
 
 void Readable::field(std::string_view label, std::string_view value) {
     fields_.append(kIndent, ' ')
         .append(label)
-        .append(kLabelWidth - std::min(label.size(), kLabelWidth - 1), ' ');
-    append_value(fields_, value);
+        .append(label_width_ - std::min(label.size(), label_width_ - 1), ' ');
+    append_value(fields_, value, kIndent + label_width_);
     fields_.push_back('\n');
 }
 

@@ -1,6 +1,7 @@
 // Text for a person: a heading and a line for each field that is there.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,9 @@ namespace vzconv {
 // which would reach the terminal of whoever looks at a file, are shown as their Unicode pictures.
 class Readable {
 public:
-    explicit Readable(std::string_view heading);
+    // Values begin `label_width` columns behind the labels' beginning; a longer label pushes its own to the
+    // right.
+    explicit Readable(std::string_view heading, std::size_t label_width = 10);
 
     // `value` is UTF-8.
     void field(std::string_view label, std::string_view value);
@@ -20,6 +23,7 @@ public:
 private:
     std::string heading_;
     std::string fields_;
+    std::size_t label_width_;
 };
 
 }  // namespace vzconv

@@ -1,6 +1,7 @@
 #include "vzconv/unicode.h"
 
 #include <cstddef>
+#include <optional>
 
 namespace vzconv {
 namespace {
@@ -69,18 +70,19 @@ const Lead* lead_of(unsigned char byte) {
     return nullptr;
 }
 
-// Takes the code point, or the maximal ill-formed part, that begins at `at`, and moves `at` behind it.
-char32_t next_code_point(std::string_view text, std::size_t& at) {
+// Takes the code point that begins at `at` and moves `at` behind it; of an ill-formed sequence the maximal
+// part, which is nothing that UTF-8 can say.
+std::optional<char32_t> next_code_point(std::string_view text, std::size_t& at) {
     const auto byte_at = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte_at(at++);
     if (first < 0x80) return first;
     const Lead* lead = lead_of(first);
-    if (lead == nullptr) return kReplacement;
+    if (lead == nullptr) return std::nullopt;
     char32_t code = static_cast<char32_t>(first & lead->bits);
     for (int i = 0; i < lead->following; ++i) {
         const unsigned low = i == 0 ? lead->low : 0x80;
         const unsigned high = i == 0 ? lead->high : 0xBF;
-        if (at == text.size() || byte_at(at) < low || byte_at(at) > high) return kReplacement;
+        if (at == text.size() || byte_at(at) < low || byte_at(at) > high) return std::nullopt;
         code = (code << 6) | (byte_at(at++) & 0x3FU);
     }
     return code;
@@ -109,8 +111,17 @@ std::string utf8_from_utf16(std::u16string_view text) {
 std::u16string utf16_from_utf8(std::string_view text) {
     std::u16string out;
     out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) append_utf16(out, next_code_point(text, at));
+    for (std::size_t at = 0; at < text.size();) {
+        append_utf16(out, next_code_point(text, at).value_or(kReplacement));
+    }
     return out;
+}
+
+bool is_utf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        if (!next_code_point(text, at)) return false;
+    }
+    return true;
 }
 
 }  // namespace vzconv

@@ -12,4 +12,7 @@ std::string utf8_from_utf16(std::u16string_view text);
 // One U+FFFD stands for each maximal part of an ill-formed sequence.
 std::u16string utf16_from_utf8(std::string_view text);
 
+// Whether all of `text` is well-formed UTF-8.
+bool is_utf8(std::string_view text);
+
 }  // namespace vzconv

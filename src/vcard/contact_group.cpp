@@ -1,0 +1,192 @@
+#include "vcard/contact_group.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "platform/heap.h"
+#include "platform/ole_string.h"
+#include "platform/pointer_probe.h"
+#include "result.h"
+#include "vcard/member_number.h"
+#include "versit/ascii.h"
+#include "versit/charset.h"
+#include "versit/line_builder.h"
+#include "vzapi/vzapi.h"
+
+namespace vzapi::vcard {
+namespace {
+
+using versit::PropertyId;
+
+constexpr std::string_view kVersion = "2.1";
+constexpr char kSeparator = ';';
+
+// ---- Reading.
+
+// The tokens of X-CNTGRP: how many there are, and the numbers among them.
+struct Tokens {
+    std::size_t count = 0;
+    std::vector<MemberNumber> numbers;
+};
+
+void read_tokens(std::string_view value, Tokens& tokens) {
+    if (value.empty()) return;
+    for (std::size_t begin = 0; begin <= value.size(); ++tokens.count) {
+        const std::size_t end = std::min(value.find(kSeparator, begin), value.size());
+        if (const auto number = parse_member_number(value.substr(begin, end - begin))) {
+            tokens.numbers.push_back(*number);
+        }
+        begin = end + 1;
+    }
+}
+
+platform::OleString name_of(const versit::VersitProperty& line) {
+    const std::string bytes = versit::decoded_value(line, versit::Encoding::SevenBit);
+    const std::u16string text = versit::decode_text(bytes, line.parameter("CHARSET").value_or(""));
+    platform::OleString name(platform::ole_string_allocate(text));
+    if (!name) raise(VZ_ERR_OUT_OF_MEMORY);
+    return name;
+}
+
+template <class T>
+T* allocate(std::size_t count) {
+    void* block = platform::heap_allocate(count * sizeof(T));
+    if (block == nullptr) raise(VZ_ERR_OUT_OF_MEMORY);
+    return static_cast<T*>(block);
+}
+
+// An array of members with the blocks in them. One that is no block of the process heap is left alone.
+void release_members(ContactGroupMember* members) noexcept {
+    const std::size_t count = platform::heap_size(members) / sizeof(ContactGroupMember);
+    for (std::size_t i = 0; i < count; ++i) platform::heap_free(members[i].idBlock);
+    platform::heap_free(members);
+}
+
+struct MembersDeleter {
+    void operator()(ContactGroupMember* members) const noexcept { release_members(members); }
+};
+
+using Members = std::unique_ptr<ContactGroupMember, MembersDeleter>;
+
+// An entry for each token; those of the numbers stand in front.
+Members members_of(const Tokens& tokens) {
+    if (tokens.count == 0) return {};
+    Members members(allocate<ContactGroupMember>(tokens.count));
+    ContactGroupMember* member = members.get();
+    for (const MemberNumber& number : tokens.numbers) {
+        member->size = sizeof(ContactGroupMember);
+        member->idLength = VZ_GROUP_MEMBER_ID_LENGTH;
+        member->idBlock = allocate<std::uint8_t>(VZ_GROUP_MEMBER_ID_LENGTH);
+        std::copy(number.begin(), number.end(), member->id);
+        ++member;
+    }
+    return members;
+}
+
+void require_group(const versit::VersitObject& object) {
+    const versit::RootInfo root = versit::root_info(std::span(object.lines()));
+    const std::string_view name = versit::component_name(versit::ComponentId::VCard);
+    if (!versit::equals_ignoring_case(root.name, name) || root.version != kVersion)
+        raise(VZ_ERR_INVALID_TEXT);
+}
+
+// ---- Writing.
+
+// The number of a member as it may stand in a caller's record; none when the entry takes no part.
+std::optional<MemberNumber> number_of(const ContactGroupMember& member, platform::PointerProbe& probe) {
+    MemberNumber number{};
+    static_assert(sizeof number == VZ_GROUP_MEMBER_ID_LENGTH);
+    if (member.size != sizeof member || member.idLength != number.size()) return std::nullopt;
+    std::memcpy(number.data(), member.id, number.size());
+    if (number != MemberNumber{}) return number;
+    if (!probe.readable(member.idBlock, number.size())) return std::nullopt;
+    std::memcpy(number.data(), member.idBlock, number.size());
+    return number;
+}
+
+// The numbers of the members, joined. The count is compared as a signed number; an entry that cannot be read
+// ends the list, so that a wild count costs no more than what is readable.
+std::string member_list(const ContactGroupItem& group, platform::PointerProbe& probe) {
+    std::string list;
+    const auto* entries = reinterpret_cast<const std::byte*>(group.members);
+    const auto count = static_cast<std::int32_t>(group.memberCount);
+    for (std::int32_t i = 0; i < count; ++i, entries += sizeof(ContactGroupMember)) {
+        if (!probe.readable(entries, sizeof(ContactGroupMember))) break;
+        ContactGroupMember member;
+        std::memcpy(&member, entries, sizeof member);  // the array may be misaligned
+        const std::optional<MemberNumber> number = number_of(member, probe);
+        if (!number) continue;
+        if (!list.empty()) list.push_back(kSeparator);
+        append_member_number(*number, list);
+    }
+    return list;
+}
+
+void require_size(const ContactGroupItem& group) {
+    if (group.size != sizeof group) raise(VZ_ERR_INVALID_PARAM);
+}
+
+void release_string(char16_t*& string) {
+    if (platform::is_readable(string)) platform::ole_string_free(string);
+    string = nullptr;
+}
+
+}  // namespace
+
+void read_contact_group(const versit::VersitObject& object, void* item, const ReaderContext& /*context*/) {
+    auto& group = *static_cast<ContactGroupItem*>(item);
+    require_size(group);
+    group = {};
+    group.size = sizeof group;
+    require_group(object);
+
+    platform::OleString name;
+    Tokens tokens;
+    for (const versit::VersitProperty& line : versit::component_lines(object, versit::ComponentId::VCard)) {
+        switch (line.id()) {
+            case PropertyId::Fn:
+                name = name_of(line);
+                break;
+            case PropertyId::XCntgrp:
+                read_tokens(versit::decoded_value(line, versit::Encoding::SevenBit), tokens);
+                break;
+            default:
+                break;
+        }
+    }
+    Members members = members_of(tokens);
+    group.groupName = name.release();
+    group.memberCount = static_cast<std::uint32_t>(tokens.count);
+    group.members = members.release();
+}
+
+std::string write_contact_group(const void* item, const WriterContext& /*context*/) {
+    const auto& group = *static_cast<const ContactGroupItem*>(item);
+    require_size(group);
+    platform::PointerProbe probe;
+
+    versit::LineBuilder lines;
+    lines.line("BEGIN:VCARD");
+    lines.line("VERSION:2.1");
+    lines.property(PropertyId::Fn, "", probe.text(group.groupName));
+    lines.property(PropertyId::XCntgrp, "", member_list(group, probe));
+    lines.line("END:VCARD");
+    return lines.take();
+}
+
+void release_contact_group(void* item, const ReleaseContext& context) {
+    if (!platform::is_readable(item, sizeof(ContactGroupItem))) raise(VZ_ERR_POINTER);
+    auto& group = *static_cast<ContactGroupItem*>(item);
+    const bool size_is_checked = context.api_version >= VZ_INTERFACE_CHECKED_SIZES;
+    if (size_is_checked && group.size != sizeof group) raise(VZ_ERR_BAD_VALUE);
+    release_string(group.groupName);
+    release_members(group.members);
+    group.memberCount = 0;
+    group.members = nullptr;
+}
+
+}  // namespace vzapi::vcard

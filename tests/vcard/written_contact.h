@@ -1,0 +1,40 @@
+// Writing a contact of the test's own, and the texts to expect.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "call_context.h"
+#include "support/text.h"
+#include "vcard/contact_builder.h"
+#include "vcard/contact_writer.h"
+
+namespace vzapi::test {
+
+// A receiving device, at the newest interface version unless a test says otherwise.
+struct Profile {
+    std::uint64_t family = 0;
+    std::uint32_t version = 0;
+    std::uint64_t third = 1;
+};
+
+inline constexpr Profile kNoProfile{0, 0, 0};
+
+[[nodiscard]] inline std::string written(ContactItem* item, const Profile& profile = kNoProfile,
+                                         std::uint32_t api_version = VZ_INTERFACE_VERSION) {
+    return vcard::write_contact(item, {api_version, profile.family, profile.version, profile.third});
+}
+
+[[nodiscard]] inline std::string written(const Contact& contact, const Profile& profile = kNoProfile,
+                                         std::uint32_t api_version = VZ_INTERFACE_VERSION) {
+    ContactRecord record(contact);
+    return written(record.item(), profile, api_version);
+}
+
+// The text of a contact whose fields are `middle`.
+[[nodiscard]] inline std::string card(std::initializer_list<std::string_view> middle) {
+    return lines({"BEGIN:VCARD", "VERSION:2.1"}) + lines(middle) + lines({"END:VCARD"});
+}
+
+}  // namespace vzapi::test
