@@ -11,9 +11,9 @@ struct ReaderContext {
 
 struct WriterContext {
     std::uint32_t api_version = 0;
-    std::uint64_t option1 = 0;  // the profile of the receiving device
-    std::uint32_t option2 = 0;
-    std::uint64_t option3 = 0;
+    std::uint32_t option1 = 0;  // the profile of the receiving device: its family
+    std::uint32_t option2 = 0;  // its version
+    std::uint64_t option3 = 0;  // whether it counts
 };
 
 struct ReleaseContext {

@@ -1,9 +1,6 @@
 /*
  * The data-object family: whole objects (versit text, multimedia messages, e-mail items) to records and back.
  *
- * This library exports none of these functions yet: the header fixes their form, and a host that calls one
- * does not link. The change log names the release from which they are there.
- *
  * The conventions of vzapi.h hold here too, with these differences:
  *
  * 1. Results. No exception leaves any of these functions. A null or unreadable pointer gives VZ_ERR_POINTER,
@@ -24,6 +21,7 @@
 #include "vzapi/contact.h"
 #include "vzapi/email.h"
 #include "vzapi/message.h"
+#include "vzapi/multimedia.h"
 
 #if defined(__cplusplus)
 extern "C" {
@@ -38,7 +36,7 @@ enum {
     VZ_OBJECT_CALENDAR = 2,   /* CalendarItem, vCalendar */
     VZ_OBJECT_MESSAGE = 3,    /* MessageItem, vMessage in UTF-16LE */
     VZ_OBJECT_BOOKMARK = 4,   /* BookmarkItem, vBookmark */
-    VZ_OBJECT_MULTIMEDIA = 5, /* a multimedia message, binary; its record is not part of this header yet */
+    VZ_OBJECT_MULTIMEDIA = 5, /* MultimediaItem, a PDU of the Multimedia Messaging Service */
     VZ_OBJECT_EMAIL = 6,      /* EmailItem, XML; read only */
 };
 
@@ -73,7 +71,8 @@ VZAPI_EXPORT ResultCode ODCAPI_GetAPIVersion(uint32_t* version) VZAPI_NOEXCEPT;
 
 /*
  * Tells whether `object` holds bytes of the kind. Text kinds are tested as ValidateVersitData does,
- * multimedia messages by decoding; an e-mail item is always valid. The `size` of `object` is not looked at.
+ * multimedia messages by decoding: there must be a header or a part, and a message type or a content type
+ * among them; an e-mail item is always valid. The `size` of `object` is not looked at.
  *
  * VZ_ERR_BAD_VALUE: no such kind, `length` is 0, or a multimedia message does not decode.
  * VZ_ERR_POINTER: `object` or its `text` is null or cannot be read.
@@ -84,12 +83,14 @@ VZAPI_EXPORT ResultCode ODCAPI_ValidateDataObject(uint32_t kind, const DataObjec
 /*
  * Reads `object` into `record`, which owns nothing and has `size` set. For kinds 1 to 4 the record is zeroed
  * over as many bytes as its own `size` says, whatever that is, so `size` must not exceed the memory; `size`
- * stays.
+ * stays. For kind 5 it must be 40, and the record is zeroed behind it. A multimedia message whose body is cut
+ * off is read as far as it goes, and marked with VZ_MMS_TRUNCATED.
  *
- * VZ_ERR_BAD_VALUE: no such kind, the `size` of `object` is not 24, or a multimedia message or e-mail item
- * does not decode. VZ_ERR_POINTER: `object` or `record` is null or cannot be read. VZ_ERR_INVALID_TEXT: the
- * text holds no object of the kind; an empty one holds none. VZ_ERR_OUT_OF_MEMORY: as its name says. Other
- * codes of ConvertFromVersit are passed on.
+ * VZ_ERR_BAD_VALUE: no such kind, the `size` of `object` is not 24, that of a MultimediaItem is not 40, or a
+ * multimedia message or e-mail item does not decode, an empty one included. VZ_ERR_POINTER: `object`, its
+ * `text` or `record` is null or cannot be read. VZ_ERR_INVALID_TEXT: the text holds no object of the kind; an
+ * empty one holds none. VZ_ERR_OUT_OF_MEMORY: as its name says. VZ_ERR_UNEXPECTED: an e-mail item where the
+ * system has no XML parser. Other codes of ConvertFromVersit are passed on.
  *
  * After VZ_ERR_POINTER and a refused kind or `size` the record is as it was; after any other failure it is
  * zeroed behind `size` or holds what was read so far. Release, after a failure too:
@@ -102,21 +103,24 @@ VZAPI_EXPORT ResultCode ODCAPI_ParseDataObject(uint32_t kind, const DataObject* 
  * Releases what ODCAPI_ParseDataObject put into `record`, and sets pointers to null and counts to 0. The
  * record itself stays the caller's.
  *
- * VZ_ERR_BAD_VALUE: no such kind, or for kinds 1 to 4 a `size` that FreeConverterData refuses.
- * VZ_ERR_POINTER: `record` is null or cannot be read.
+ * VZ_ERR_BAD_VALUE: no such kind, for kinds 1 to 4 a `size` that FreeConverterData refuses, or for kind 5 one
+ * that is not 40; nothing is changed. VZ_ERR_POINTER: `record` is null or cannot be read.
  */
 VZAPI_EXPORT ResultCode ODCAPI_FreeParsedData(uint32_t kind, void* record) VZAPI_NOEXCEPT;
 
 /*
  * Builds a data object from `record`, which is only read. `object` has `size` 24 and receives format 2, the
  * length and a new block with exactly `length` bytes. For kinds 1 to 4 the bytes are those of
- * ConvertToVersit.
+ * ConvertToVersit; a multimedia message is encoded in its shortest form, see MultimediaItem.
  *
- * A record that cannot be written, and every e-mail item, gives VZ_OK and an empty object: `length` 0, `text`
- * null. A caller recognises success by a length that is not 0.
+ * A record of kinds 1 to 4 that cannot be written, and every e-mail item, gives VZ_OK and an empty object:
+ * `length` 0, `text` null, whatever stood there; `format` stays. A caller recognises success by a length that
+ * is not 0.
  *
  * VZ_ERR_BAD_VALUE: no such kind, the `size` of `object` is not 24, or a multimedia message cannot be
- * encoded. VZ_ERR_POINTER: `record` or `object` is null or cannot be read.
+ * encoded; a pointer in its record that cannot be read is among the reasons, and `object` is empty then.
+ * VZ_ERR_OUT_OF_MEMORY: as its name says, for a multimedia message. VZ_ERR_POINTER: `record` or `object` is
+ * null or cannot be read.
  *
  * Release: ODCAPI_FreeDataObject(object).
  */

@@ -29,10 +29,6 @@
  * 6. Threads. Any thread may call. Conversions, validation and release may run at the same time on different
  * records; two calls on one record need the caller's lock unless both only read it. VZAPI_Initialize and
  * VZAPI_Terminate must not run beside any other call.
- *
- * Converters of this release: VZ_TYPE_CONTACT, VZ_TYPE_BOOKMARK and VZ_TYPE_CONTACT_GROUP, in both directions.
- * The other type codes pass through the same checks of arguments and text, then answer VZ_ERR_UNEXPECTED, and
- * FreeConverterData answers the same for their records.
  */
 #ifndef VZAPI_VZAPI_H
 #define VZAPI_VZAPI_H
@@ -125,10 +121,10 @@ VZAPI_EXPORT ResultCode ConvertToVersit(uint32_t type, const void* item, VersitD
  * Writes the record at `item` as versit text.
  *
  * `option1`, `option2`, `option3`: the profile of the receiving device, as the constants above say. Values
- * that name no profile write the plain form. `type`: a type code; `item`: the record that it names, only
- * read. `out`: receives size 24, format 1, the length in bytes, and the text, a new block of the process heap
- * with exactly `length` bytes and no terminator. It may hold anything before, except that contact groups
- * demand `size` 24.
+ * that name no profile write the plain form; of `option1` the low 32 bits count. `type`: a type code; `item`:
+ * the record that it names, only read. `out`: receives size 24, format 1, the length in bytes, and the text, a
+ * new block of the process heap with exactly `length` bytes and no terminator. It may hold anything before,
+ * except that contact groups demand `size` 24.
  *
  * VZ_ERR_INVALID_PARAM: `item` or `out` is null, or contact groups found a wrong `size` of either.
  * VZ_ERR_UNKNOWN_TYPE: no such type code.

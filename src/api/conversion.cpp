@@ -8,19 +8,14 @@
 #include "api/guard.h"
 #include "api/input_text.h"
 #include "api/library_state.h"
-#include "platform/com_scope.h"
 #include "platform/heap.h"
 #include "platform/pointer_probe.h"
-#include "platform/sleep.h"
 #include "result.h"
 #include "versit/parser.h"
 #include "vzapi/vzapi.h"
 
 namespace vzapi {
 namespace {
-
-constexpr std::uint32_t kBusyPollMilliseconds = 1000;
-constexpr int kBusyPolls = 30;
 
 void require_not_null(const void* pointer) {
     if (pointer == nullptr) raise(VZ_ERR_INVALID_PARAM);
@@ -105,12 +100,7 @@ std::uint32_t VZAPI_Initialize(std::uint32_t version) {
 std::uint32_t VZAPI_Terminate() noexcept {
     auto& count = library_state().init_count;
     if (count != 0 && --count != 0) return count;
-    for (int poll = 0; poll < vzapi::kBusyPolls && library_state().busy; ++poll) {
-        vzapi::platform::sleep(vzapi::kBusyPollMilliseconds);
-    }
-    // Hosts count on the thread's COM being up and released once around the end of the library's work.
-    // Nothing outlives a call, so there is nothing else to give back.
-    const vzapi::platform::ComScope com;
+    vzapi::release_shared_state([] { return library_state().busy.load(); });
     return count;
 }
 
@@ -127,7 +117,8 @@ ResultCode ConvertToVersit2(std::uint64_t option1, std::uint32_t option2, std::u
         require_readable(item, row.smallest_size());
         require_readable(out, sizeof *out);
         vzapi::require_output_size(row, *out);
-        vzapi::write_text(row, item, {library_state().api_version, option1, option2, option3}, *out);
+        const auto family = static_cast<std::uint32_t>(option1);  // hosts need not clear the upper half
+        vzapi::write_text(row, item, {library_state().api_version, family, option2, option3}, *out);
     });
 }
 

@@ -1,4 +1,4 @@
-// Text in a code page of the system to UTF-16.
+// Text in a code page of the system to UTF-16 and back.
 #pragma once
 
 #include <cstdint>
@@ -16,6 +16,23 @@ enum class CodePage : std::uint32_t {
 // Appends the text of `bytes` to `out`. Bytes that the code page does not define become what the system puts
 // in their place (U+FFFD on Linux and in UTF-8); nothing is refused. Throws only std::bad_alloc.
 void append_utf16(CodePage code_page, std::string_view bytes, std::u16string& out);
+
+// The same for Shift_JIS without replacements: returns false when a byte is not defined or a character is cut
+// off by the end; what was appended then means nothing.
+[[nodiscard]] bool append_utf16_from_shift_jis(std::string_view bytes, std::u16string& out);
+
+// A character set under the names that the two systems have for it.
+struct SystemCharset {
+    std::uint32_t code_page;  // Windows
+    const char* iconv_name;   // Linux
+};
+
+// The same; false when the system does not know the character set, and then nothing is appended.
+[[nodiscard]] bool append_utf16(const SystemCharset& charset, std::string_view bytes, std::u16string& out);
+
+// Appends `text` in the character set to `out`; false, and nothing appended, when the system does not know it
+// or it lacks a character of the text. Throws only std::bad_alloc.
+[[nodiscard]] bool append_bytes(const SystemCharset& charset, std::u16string_view text, std::string& out);
 
 // The name of the character set behind CodePage::SystemDefault, "UTF-8" or another name that the system
 // knows. On Linux: the charset of the locale that LC_ALL, LC_CTYPE or LANG names, the first that is set;

@@ -12,6 +12,9 @@ enum class Wipe : bool { No, Yes };
 // there is no memory.
 [[nodiscard]] void* heap_allocate(std::size_t size) noexcept;
 
+// The same with bytes of any value in it: for a block that is written over from end to end at once.
+[[nodiscard]] void* heap_allocate_unfilled(std::size_t size) noexcept;
+
 // True when `block` is the address of a live block of this heap. Null, foreign, freed and unreadable
 // addresses give false and are not touched.
 [[nodiscard]] bool heap_owns(const void* block) noexcept;

@@ -19,16 +19,20 @@ std::uintptr_t page_of(std::uintptr_t address) noexcept {
     return address & ~std::uintptr_t{kPageSize - 1};
 }
 
-// Asks `page_is_readable` about each page that the range touches.
-template <class Question>
-bool all_pages(std::uintptr_t first, std::size_t size, Question page_is_readable) noexcept {
+// The pages that a range of bytes touches; the first behind the last when it wraps around the address space.
+struct Pages {
+    std::uintptr_t first;
+    std::uintptr_t last;
+};
+
+Pages pages_of(std::uintptr_t first, std::size_t size) noexcept {
     const std::uintptr_t last = size == 0 ? first : first + (size - 1);
-    if (last < first) return false;
-    const std::uintptr_t last_page = page_of(last);
-    for (std::uintptr_t page = page_of(first);; page += kPageSize) {
-        if (!page_is_readable(page)) return false;
-        if (page == last_page) return true;
-    }
+    return last < first ? Pages{1, 0} : Pages{page_of(first), page_of(last)};
+}
+
+// The address to ask about in one of several pages: the answer may tell about the page behind, too.
+std::uintptr_t page_end(std::uintptr_t page) noexcept {
+    return page + (kPageSize - 1);
 }
 
 // Copied out, since the text may stand at an odd address.
@@ -41,25 +45,39 @@ char16_t unit_at(std::uintptr_t address) noexcept {
 }  // namespace
 
 bool is_readable(const void* address, std::size_t size) noexcept {
-    return all_pages(address_of(address), size,
-                     [](std::uintptr_t page) noexcept { return is_readable(pointer_to(page)); });
-}
-
-bool PointerProbe::page_readable(std::uintptr_t page) noexcept {
-    std::uintptr_t& slot = readable_pages_[page / kPageSize % kSlots];
-    if (slot == page && page != 0) return true;
-    if (!is_readable(pointer_to(page))) return false;
-    slot = page;
+    const Pages pages = pages_of(address_of(address), size);
+    if (pages.first >= pages.last) return pages.first == pages.last && is_readable(address);
+    for (std::uintptr_t page = pages.first; page <= pages.last;) {
+        const ReadablePages found = readable_pages_at(page_end(page));
+        if (found.none()) return false;
+        page = found.end;
+    }
     return true;
 }
 
+bool PointerProbe::known(std::uintptr_t page) const noexcept {
+    return readable_pages_[page / kPageSize % kSlots] == page && page != 0;
+}
+
+bool PointerProbe::find_out(std::uintptr_t address) noexcept {
+    const ReadablePages found = readable_pages_at(address);
+    for (std::uintptr_t page = found.begin; page != found.end; page += kPageSize) {
+        readable_pages_[page / kPageSize % kSlots] = page;
+    }
+    return !found.none();
+}
+
 bool PointerProbe::readable(const void* address) noexcept {
-    return page_readable(page_of(address_of(address)));
+    return known(page_of(address_of(address))) || find_out(address_of(address));
 }
 
 bool PointerProbe::readable(const void* address, std::size_t size) noexcept {
-    return all_pages(address_of(address), size,
-                     [this](std::uintptr_t page) noexcept { return page_readable(page); });
+    const Pages pages = pages_of(address_of(address), size);
+    if (pages.first >= pages.last) return pages.first == pages.last && readable(address);
+    for (std::uintptr_t page = pages.first; page <= pages.last; page += kPageSize) {
+        if (!known(page) && !find_out(page_end(page))) return false;
+    }
+    return true;
 }
 
 std::u16string_view PointerProbe::text(const char16_t* text) noexcept {
@@ -67,9 +85,9 @@ std::u16string_view PointerProbe::text(const char16_t* text) noexcept {
     const std::uintptr_t start = address_of(text);
     std::uintptr_t readable_end = page_of(start + 1) + kPageSize;
     for (std::size_t length = 0;;) {
-        const std::size_t known = (readable_end - start) / sizeof(char16_t);
-        while (length < known && unit_at(start + length * sizeof(char16_t)) != 0) ++length;
-        if (length < known || !page_readable(readable_end)) return {text, length};
+        const std::size_t units = (readable_end - start) / sizeof(char16_t);
+        while (length < units && unit_at(start + length * sizeof(char16_t)) != 0) ++length;
+        if (length < units || !readable(pointer_to(readable_end))) return {text, length};
         readable_end += kPageSize;
     }
 }

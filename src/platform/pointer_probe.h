@@ -19,6 +19,17 @@ inline constexpr std::size_t kPageSize = 4096;
 // probed. A range of 0 bytes counts as its first byte; one that wraps around the address space is unreadable.
 [[nodiscard]] bool is_readable(const void* address, std::size_t size) noexcept;
 
+// Readable memory from the page at `begin` up to, not including, the one at `end`; none when both are the same.
+struct ReadablePages {
+    std::uintptr_t begin = 0;
+    std::uintptr_t end = 0;
+    [[nodiscard]] bool none() const noexcept { return begin == end; }
+};
+
+// The page of `address` when it can be read, and the page next to it on the side where `address` is nearer to
+// the border when the system tells that in the same breath.
+[[nodiscard]] ReadablePages readable_pages_at(std::uintptr_t address) noexcept;
+
 // The same questions for the length of one call: a page found readable is not probed again while the object
 // lives, so that a record of a hundred strings does not cost a hundred system calls.
 class PointerProbe {
@@ -36,7 +47,9 @@ public:
     [[nodiscard]] std::u16string_view text(const char16_t* text, std::u16string& storage);
 
 private:
-    [[nodiscard]] bool page_readable(std::uintptr_t page) noexcept;
+    [[nodiscard]] bool known(std::uintptr_t page) const noexcept;
+    // Asks the system about the page of `address`.
+    [[nodiscard]] bool find_out(std::uintptr_t address) noexcept;
 
     static constexpr std::size_t kSlots = 64;
     std::array<std::uintptr_t, kSlots> readable_pages_{};  // direct-mapped by page number; 0: nothing known

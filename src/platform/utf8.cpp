@@ -92,6 +92,9 @@ void copy_run(const char16_t* source, char* out) {
     std::memcpy(out, &run, sizeof run);
 }
 
+// Texts up to this length get room for the most that they can become: counting would cost more.
+constexpr std::size_t kShort = 256;
+
 // Room for `more` units, at least doubling, so that many small appends stay linear.
 template <class String>
 void make_room(String& out, std::size_t more) {
@@ -220,12 +223,12 @@ void append(const Unit* source, const Unit* end, String& out, Put put) {
 void append_utf16_from_utf8(std::string_view bytes, std::u16string& out) {
     const Byte* source = reinterpret_cast<const Byte*>(bytes.data());
     const Byte* end = source + bytes.size();
-    make_room(out, count_units(source, end));
+    make_room(out, bytes.size() <= kShort ? bytes.size() : count_units(source, end));
     append<1>(source, end, out, put_units);
 }
 
 void append_utf8(std::u16string_view text, std::string& out) {
-    make_room(out, count_bytes(text));
+    make_room(out, text.size() <= kShort ? 3 * text.size() : count_bytes(text));
     append<3>(text.data(), text.data() + text.size(), out, put_bytes);
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/ole_string.h"
 #include "platform/pointer_probe.h"
+#include "platform/reclaimer.h"
 #include "platform/utf8.h"
 #include "result.h"
 #include "versit/ascii.h"
@@ -85,11 +86,6 @@ void read_line(const versit::VersitProperty& line, Strings& strings) {
     }
 }
 
-void release_string(char16_t*& string) {
-    if (platform::is_readable(string)) platform::ole_string_free(string);
-    string = nullptr;
-}
-
 }  // namespace
 
 void read(const versit::VersitObject& object, void* item, const ReaderContext& /*context*/) {
@@ -132,9 +128,11 @@ void release(void* item, const ReleaseContext& context) {
     auto& bookmark = *static_cast<BookmarkItem*>(item);
     const bool size_is_checked = context.api_version >= VZ_INTERFACE_CHECKED_SIZES;
     if (size_is_checked && bookmark.size != sizeof(BookmarkItem)) raise(VZ_ERR_BAD_VALUE);
-    release_string(bookmark.url);
-    release_string(bookmark.title);
-    release_string(bookmark.shortcut);
+    platform::Reclaimer reclaimer;
+    for (char16_t** text : {&bookmark.url, &bookmark.title, &bookmark.shortcut}) {
+        reclaimer.release_string(*text);
+        *text = nullptr;
+    }
 }
 
 }  // namespace vzapi::vbookmark

@@ -10,11 +10,11 @@
 #include "platform/heap.h"
 #include "platform/ole_string.h"
 #include "platform/pointer_probe.h"
+#include "platform/reclaimer.h"
 #include "result.h"
 #include "vcard/member_number.h"
-#include "versit/ascii.h"
-#include "versit/charset.h"
 #include "versit/line_builder.h"
+#include "versit/value_reader.h"
 #include "vzapi/vzapi.h"
 
 namespace vzapi::vcard {
@@ -44,12 +44,10 @@ void read_tokens(std::string_view value, Tokens& tokens) {
     }
 }
 
-platform::OleString name_of(const versit::VersitProperty& line) {
-    const std::string bytes = versit::decoded_value(line, versit::Encoding::SevenBit);
-    const std::u16string text = versit::decode_text(bytes, line.parameter("CHARSET").value_or(""));
-    platform::OleString name(platform::ole_string_allocate(text));
-    if (!name) raise(VZ_ERR_OUT_OF_MEMORY);
-    return name;
+platform::OleString record_string(std::u16string_view text) {
+    platform::OleString string(platform::ole_string_allocate(text));
+    if (!string) raise(VZ_ERR_OUT_OF_MEMORY);
+    return string;
 }
 
 template <class T>
@@ -60,14 +58,17 @@ T* allocate(std::size_t count) {
 }
 
 // An array of members with the blocks in them. One that is no block of the process heap is left alone.
-void release_members(ContactGroupMember* members) noexcept {
-    const std::size_t count = platform::heap_size(members) / sizeof(ContactGroupMember);
-    for (std::size_t i = 0; i < count; ++i) platform::heap_free(members[i].idBlock);
-    platform::heap_free(members);
+void release_members(ContactGroupMember* members, platform::Reclaimer& reclaimer) noexcept {
+    const platform::Reclaimer::Taken taken = reclaimer.take(members);
+    const std::size_t count = taken.size() / sizeof(ContactGroupMember);
+    for (std::size_t i = 0; i < count; ++i) reclaimer.release(members[i].idBlock);
 }
 
 struct MembersDeleter {
-    void operator()(ContactGroupMember* members) const noexcept { release_members(members); }
+    void operator()(ContactGroupMember* members) const noexcept {
+        platform::Reclaimer reclaimer;
+        release_members(members, reclaimer);
+    }
 };
 
 using Members = std::unique_ptr<ContactGroupMember, MembersDeleter>;
@@ -85,13 +86,6 @@ Members members_of(const Tokens& tokens) {
         ++member;
     }
     return members;
-}
-
-void require_group(const versit::VersitObject& object) {
-    const versit::RootInfo root = versit::root_info(std::span(object.lines()));
-    const std::string_view name = versit::component_name(versit::ComponentId::VCard);
-    if (!versit::equals_ignoring_case(root.name, name) || root.version != kVersion)
-        raise(VZ_ERR_INVALID_TEXT);
 }
 
 // ---- Writing.
@@ -130,11 +124,6 @@ void require_size(const ContactGroupItem& group) {
     if (group.size != sizeof group) raise(VZ_ERR_INVALID_PARAM);
 }
 
-void release_string(char16_t*& string) {
-    if (platform::is_readable(string)) platform::ole_string_free(string);
-    string = nullptr;
-}
-
 }  // namespace
 
 void read_contact_group(const versit::VersitObject& object, void* item, const ReaderContext& /*context*/) {
@@ -142,20 +131,18 @@ void read_contact_group(const versit::VersitObject& object, void* item, const Re
     require_size(group);
     group = {};
     group.size = sizeof group;
-    require_group(object);
+    const std::optional<versit::RootComponent> card =
+        versit::root_component(object, versit::ComponentId::VCard);
+    if (!card || card->version != kVersion) raise(VZ_ERR_INVALID_TEXT);
 
     platform::OleString name;
     Tokens tokens;
-    for (const versit::VersitProperty& line : versit::component_lines(object, versit::ComponentId::VCard)) {
-        switch (line.id()) {
-            case PropertyId::Fn:
-                name = name_of(line);
-                break;
-            case PropertyId::XCntgrp:
-                read_tokens(versit::decoded_value(line, versit::Encoding::SevenBit), tokens);
-                break;
-            default:
-                break;
+    versit::ValueReader values;
+    for (const auto& [id, line] : card->lines) {
+        if (id == PropertyId::Fn) {
+            name = record_string(values.text(line));
+        } else if (id == PropertyId::XCntgrp) {
+            read_tokens(versit::decoded_value(line, versit::Encoding::SevenBit), tokens);
         }
     }
     Members members = members_of(tokens);
@@ -183,8 +170,10 @@ void release_contact_group(void* item, const ReleaseContext& context) {
     auto& group = *static_cast<ContactGroupItem*>(item);
     const bool size_is_checked = context.api_version >= VZ_INTERFACE_CHECKED_SIZES;
     if (size_is_checked && group.size != sizeof group) raise(VZ_ERR_BAD_VALUE);
-    release_string(group.groupName);
-    release_members(group.members);
+    platform::Reclaimer reclaimer;
+    reclaimer.release_string(group.groupName);
+    release_members(group.members, reclaimer);
+    group.groupName = nullptr;
     group.memberCount = 0;
     group.members = nullptr;
 }

@@ -13,7 +13,7 @@ constexpr std::uint32_t kAnyInterface = 0;
 // One effect that a device family asks for, from one of its versions to another, both included, once the host
 // announced `interface`. Effects of all rows that match come together.
 struct ProfileRow {
-    std::uint64_t family;
+    std::uint32_t family;
     std::uint32_t from;
     std::uint32_t to;
     std::uint32_t interface_version;

@@ -7,6 +7,7 @@
 
 #include "platform/ole_string.h"
 #include "platform/pointer_probe.h"
+#include "platform/reclaimer.h"
 #include "result.h"
 #include "vzapi/vzapi.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 using platform::HeapPointer;
 using platform::OleString;
+using platform::Reclaimer;
 
 constexpr std::size_t kListCount = 4;
 constexpr std::size_t kAddressParts = 7;
@@ -68,73 +70,56 @@ std::size_t list_index(std::uint32_t id) {
     return static_cast<std::size_t>(find_contact_field(id)->list);
 }
 
-void release_string(char16_t* string) {
-    if (string != nullptr && platform::is_readable(string)) platform::ole_string_free(string);
+void release_address(ContactAddress* address, Reclaimer& reclaimer) {
+    const Reclaimer::Taken taken = reclaimer.take(address, sizeof *address);
+    if (!taken) return;
+    for (const auto member : kAddressMembers) reclaimer.release_string(address->*member);
 }
 
-// True when `record` is a block of the process heap that can be a `Record`.
-template <class Record>
-bool is_own(const Record* record) {
-    return record != nullptr && platform::heap_size(record) >= sizeof(Record);
+void release_photo(ContactPhoto* photo, Reclaimer& reclaimer) {
+    const Reclaimer::Taken taken = reclaimer.take(photo, sizeof *photo);
+    if (!taken) return;
+    reclaimer.release_string(photo->imageType);
+    reclaimer.release(photo->data);
 }
 
-void release_address(ContactAddress* address) {
-    if (!is_own(address)) return;
-    for (const auto member : kAddressMembers) release_string(address->*member);
-    platform::heap_free(address);
+void release_messaging(ContactField* messaging, Reclaimer& reclaimer) {
+    const Reclaimer::Taken taken = reclaimer.take(messaging, sizeof *messaging);
+    if (taken) reclaimer.release_string(messaging->value.text);
 }
 
-void release_photo(ContactPhoto* photo) {
-    if (!is_own(photo)) return;
-    release_string(photo->imageType);
-    platform::heap_free(photo->data);
-    platform::heap_free(photo);
-}
-
-void release_messaging(ContactField* messaging) {
-    if (!is_own(messaging)) return;
-    release_string(messaging->value.text);
-    platform::heap_free(messaging);
-}
-
-void release_value(const ContactField& entry) {
+void release_value(const ContactField& entry, Reclaimer& reclaimer) {
     const FieldRow* row = find_contact_field(entry.fieldId);
     if (row == nullptr) return;
-    if (is_text(row->kind)) return release_string(entry.value.text);
+    if (is_text(row->kind)) return reclaimer.release_string(entry.value.text);
     switch (row->kind) {
         case ValueKind::Date:
-            platform::heap_free(entry.value.date);
-            break;
+            return reclaimer.release(entry.value.date);
         case ValueKind::Photo:
-            release_photo(entry.value.photo);
-            break;
+            return release_photo(entry.value.photo, reclaimer);
         case ValueKind::Address:
-            release_address(entry.value.address);
-            break;
+            return release_address(entry.value.address, reclaimer);
         case ValueKind::Messaging:
-            release_messaging(entry.value.messaging);
-            break;
+            return release_messaging(entry.value.messaging, reclaimer);
         default:  // a number
-            break;
+            return;
     }
 }
 
-// The block tells how many entries there can be, whatever `count` says. Foreign records may point into each
-// other: an entry whose value is the array itself is left alone.
-void release_list(ContactField* entries, std::uint32_t count) {
-    if (entries == nullptr) return;
-    const std::size_t room = platform::heap_size(entries) / sizeof(ContactField);
+// The block tells how many entries there can be, whatever `count` says.
+void release_list(ContactField* entries, std::uint32_t count, Reclaimer& reclaimer) {
+    const Reclaimer::Taken taken = reclaimer.take(entries);
+    const std::size_t room = taken.size() / sizeof(ContactField);
     const std::size_t claimed = static_cast<std::int32_t>(count) > 0 ? count : 0;
-    for (std::size_t i = 0; i < std::min(claimed, room); ++i) {
-        if (entries[i].value.messaging != entries) release_value(entries[i]);
-    }
-    platform::heap_free(entries);
+    for (std::size_t i = 0; i < std::min(claimed, room); ++i) release_value(entries[i], reclaimer);
 }
 
 }  // namespace
 
 ContactBuilder::~ContactBuilder() {
-    for (const ContactField& entry : entries_) release_value(entry);
+    if (entries_.empty()) return;
+    Reclaimer reclaimer;
+    for (const ContactField& entry : entries_) release_value(entry, reclaimer);
 }
 
 // Comes before a value is allocated, so that an allocated value always finds its place.
@@ -240,7 +225,9 @@ void release_contact(void* item, const ReleaseContext& context) {
     auto& contact = *static_cast<ContactItem*>(item);
     const bool size_is_checked = context.api_version >= VZ_INTERFACE_CHECKED_SIZES;
     if (size_is_checked && contact.size != sizeof(ContactItem)) raise(VZ_ERR_BAD_VALUE);
-    for (const ListMembers& list : kLists) release_list(contact.*list.entries, contact.*list.count);
+    Reclaimer reclaimer;
+    for (const ListMembers& list : kLists)
+        release_list(contact.*list.entries, contact.*list.count, reclaimer);
     std::memset(static_cast<std::byte*>(item) + sizeof contact.size, 0, sizeof contact - sizeof contact.size);
 }
 

@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "call_context.h"
-#include "vcard/caller_memory.h"
 #include "vcard/contact_fields.h"
 #include "vcard/contact_profile.h"
+#include "vcard/entry_walk.h"
 #include "versit/line_builder.h"
 #include "vzapi/contact.h"
 
@@ -23,7 +23,7 @@ class ContactWriting {
 public:
     explicit ContactWriting(const WriterContext& context);
 
-    [[nodiscard]] CallerMemory& memory() noexcept { return memory_; }
+    [[nodiscard]] platform::CallerMemory& memory() noexcept { return memory_; }
     [[nodiscard]] versit::LineBuilder& lines() noexcept { return lines_; }
     [[nodiscard]] bool has(Effect effect) const noexcept { return effects_.has(effect); }
     [[nodiscard]] std::uint32_t api_version() const noexcept { return api_version_; }
@@ -53,7 +53,7 @@ public:
     [[nodiscard]] std::string_view with_preference(std::string_view parameters, bool preferred);
 
 private:
-    CallerMemory memory_;
+    platform::CallerMemory memory_;
     versit::LineBuilder lines_;
     const EffectSet effects_;
     const std::uint32_t api_version_;

@@ -62,7 +62,7 @@ void write_address(ContactWriting& writing, const Line& line, std::string_view p
     ContactAddress address;
     if (!writing.memory().load(line.field.value.address, address)) return;
     writing.note_value(line.row->id);
-    CallerMemory& memory = writing.memory();
+    platform::CallerMemory& memory = writing.memory();
     const std::u16string_view components[] = {
         memory.text(address.poBox),  memory.text(address.extendedAddress), memory.text(address.street),
         memory.text(address.city),   memory.text(address.region),          memory.text(address.postalCode),

@@ -64,18 +64,33 @@ void put_rest(std::span<const std::byte> rest, char* to) {
     *to = kPad;
 }
 
+// The bits of a character by its place in a group of four: the group is all four together.
+using GroupBits = std::array<std::array<std::uint32_t, 256>, 4>;
+
+constexpr GroupBits make_group_bits() {
+    GroupBits bits{};
+    for (std::size_t place = 0; place < bits.size(); ++place) {
+        for (std::size_t unit = 0; unit < kBits.size(); ++unit) {
+            const bool in_alphabet = (kBits[unit] & kNotInAlphabet) == 0;
+            bits[place][unit] = in_alphabet ? kBits[unit] << (18 - 6 * place) : kBits[unit];
+        }
+    }
+    return bits;
+}
+constexpr GroupBits kGroupBits = make_group_bits();
+
 // Decodes groups of four alphabet characters for as long as nothing else comes; returns what is left of
 // `text`.
 std::string_view decode_groups(std::string_view text, char*& to) {
+    const auto bits_at = [&text](std::size_t place) {
+        return kGroupBits[place][static_cast<std::uint8_t>(text[place])];
+    };
     while (text.size() >= 4) {
-        const std::uint32_t a = bits_of(text[0]);
-        const std::uint32_t b = bits_of(text[1]);
-        const std::uint32_t c = bits_of(text[2]);
-        const std::uint32_t d = bits_of(text[3]);
-        if (((a | b | c | d) & kNotInAlphabet) != 0) break;
-        to = put_byte(a << 2 | b >> 4, to);
-        to = put_byte(b << 4 | c >> 2, to);
-        to = put_byte(c << 6 | d, to);
+        const std::uint32_t group = bits_at(0) | bits_at(1) | bits_at(2) | bits_at(3);
+        if ((group & kNotInAlphabet) != 0) break;
+        to = put_byte(group >> 16, to);
+        to = put_byte(group >> 8, to);
+        to = put_byte(group, to);
         text.remove_prefix(4);
     }
     return text;

@@ -15,13 +15,13 @@ std::u16string unescape(std::u16string_view text, Escapes escapes) {
 }
 
 void append_component(std::u16string_view component, std::u16string& value) {
-    while (!component.empty()) {
-        const std::size_t run = std::min(component.find_first_of(u";\\"), component.size());
-        value.append(component.substr(0, run));
-        component.remove_prefix(run);
-        if (component.empty()) break;
-        value.append({u'\\', component.front()});
-        component.remove_prefix(1);
+    const auto is_escaped = [](char16_t unit) { return unit == u';' || unit == u'\\'; };
+    for (auto from = component.begin();;) {
+        const auto to = std::find_if(from, component.end(), is_escaped);
+        value.append(from, to);
+        if (to == component.end()) return;
+        value.append({u'\\', *to});
+        from = to + 1;
     }
 }
 

@@ -64,9 +64,14 @@ std::size_t length_on_line(std::string_view encoded, std::size_t room) {
     return room == 0 ? 0 : break_place(encoded, room - 1);
 }
 
+// The one name that UTF-16 text knows and 8-bit text does not, with a group in front or without.
+bool begins_nickname(std::string_view line) {
+    return starts_with_ignoring_case(line, "NICKNAME") || contains_ignoring_case(line, ".NICKNAME");
+}
+
 // True when a reader would not take `line` for the continuation of the line before it, or take a blank off.
 bool needs_escape_in_front(std::string_view line) {
-    return is_blank(line.front()) || begins_known_property(line);
+    return is_blank(line.front()) || begins_known_property(line) || begins_nickname(line);
 }
 
 void append_softly_broken(std::string_view encoded, std::size_t column, std::string& out) {

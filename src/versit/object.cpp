@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "versit/ascii.h"
+#include "versit/open_component.h"
 
 namespace vzapi::versit {
 namespace {
@@ -11,38 +12,6 @@ template <class Unit>
 std::basic_string_view<Unit> component_of(const BasicVersitProperty<Unit>& line) {
     return trim_blanks(line.value());
 }
-
-// Follows a component from the line after its BEGIN until the END that closes it.
-class OpenComponent {
-public:
-    explicit OpenComponent(std::string_view upper_name) : upper_name_(upper_name) {}
-
-    // Levels of nested components open around the line last seen; 0 is the component itself.
-    [[nodiscard]] std::size_t nested() const noexcept { return nested_; }
-    [[nodiscard]] bool closed() const noexcept { return closed_; }
-
-    template <class Unit>
-    void see(const BasicVersitProperty<Unit>& line, PropertyId id) {
-        if (id != PropertyId::Begin && id != PropertyId::End) return;
-        const bool same_name = equals_ignoring_case(component_of(line), upper_name_);
-        if (id == PropertyId::Begin) {
-            ++nested_;
-            nested_of_same_name_ += same_name ? 1 : 0;
-        } else if (nested_ == 0 || (same_name && nested_of_same_name_ == 0)) {
-            closed_ = true;
-            nested_ = 0;
-        } else {
-            --nested_;
-            nested_of_same_name_ -= same_name ? 1 : 0;
-        }
-    }
-
-private:
-    std::string_view upper_name_;
-    std::size_t nested_ = 0;
-    std::size_t nested_of_same_name_ = 0;
-    bool closed_ = false;
-};
 
 }  // namespace
 

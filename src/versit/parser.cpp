@@ -11,6 +11,7 @@
 
 #include "versit/ascii.h"
 #include "versit/property_line.h"
+#include "versit/unit_block.h"
 
 namespace vzapi::versit {
 namespace {
@@ -24,6 +25,12 @@ constexpr char kEscape = 0x1B;  // at the end of a physical line it stands for a
 
 template <class Unit>
 std::size_t find_unit(const Unit* text, std::size_t from, std::size_t size, char wanted) {
+    if constexpr (sizeof(Unit) > 1) {
+        // The standard library searches bytes by the block, but wider units one by one.
+        while (size - from >= kBlockUnits<Unit> && !any_unit(equal_to(load_block(text + from), wanted))) {
+            from += kBlockUnits<Unit>;
+        }
+    }
     const Unit* found = std::char_traits<Unit>::find(text + from, size - from, Unit(wanted));
     return found == nullptr ? size : static_cast<std::size_t>(found - text);
 }
@@ -32,26 +39,26 @@ std::size_t find_unit(const Unit* text, std::size_t from, std::size_t size, char
 // it at once, and the marker is compared only where it occurs.
 template <class Unit>
 bool is_bookmark_text(std::basic_string_view<Unit> text) {
-    constexpr std::size_t kBlock = 64;
+    constexpr std::size_t kBlock = kBlockUnits<Unit>;
     constexpr std::size_t kPairAt = kBookmarkBegin.find("BK");
-    const auto lower = [](Unit unit) { return static_cast<Unit>(unit | Unit(0x20)); };
     const auto has_marker = [&](std::size_t begin, std::size_t end) {
         for (std::size_t i = std::max(begin, kPairAt); i < end; ++i) {
             if (starts_with_ignoring_case(text.substr(i - kPairAt), kBookmarkBegin)) return true;
         }
         return false;
     };
-    std::size_t at = 0;
-    for (; at + kBlock < text.size(); at += kBlock) {
-        Unit pairs = 0;
-        for (std::size_t i = at; i < at + kBlock; ++i) {
-            const unsigned pair =
-                unsigned{lower(text[i]) == Unit('b')} & unsigned{lower(text[i + 1]) == Unit('k')};
-            pairs = static_cast<Unit>(pairs | static_cast<Unit>(pair));
-        }
-        if (pairs != 0 && has_marker(at, at + kBlock)) return true;
+    const auto has_pair = [&](std::size_t begin) {
+        const auto first = load_block(text.data() + begin);
+        const auto second = load_block(text.data() + begin + 1);
+        return any_unit((equal_to(first, 'B') | equal_to(first, 'b')) &
+                        (equal_to(second, 'K') | equal_to(second, 'k')));
+    };
+    if (text.size() <= kBlock) return has_marker(0, text.size());
+    const std::size_t last = text.size() - kBlock - 1;  // the last block overlaps the one before
+    for (std::size_t at = 0; at < last; at += kBlock) {
+        if (has_pair(at) && has_marker(at, at + kBlock)) return true;
     }
-    return has_marker(at, text.size());
+    return has_pair(last) && has_marker(last, text.size());
 }
 
 // How a physical line ended in the text.
@@ -78,6 +85,7 @@ public:
           text_(std::make_unique_for_overwrite<Unit[]>(size_)),
           bookmark_(is_bookmark_text(text.substr(0, size_))) {
         std::copy_n(text.data(), size_, text_.get());
+        lines_.reserve(std::min(size_ / kUsualLine + 1, kUsualLines));
     }
 
     BasicVersitObject<Unit> parse() {
@@ -98,6 +106,10 @@ public:
 
 private:
     static constexpr bool kWide = sizeof(Unit) > 1;
+
+    // Room for as many lines is made at once, as far as the text can have them.
+    static constexpr std::size_t kUsualLine = 16;
+    static constexpr std::size_t kUsualLines = 24;
 
     [[nodiscard]] View view(std::size_t begin, std::size_t end) const {
         return {text_.get() + begin, end - begin};
@@ -223,10 +235,9 @@ private:
     void finish_line() {
         if (!open_) return;
         open_ = false;
-        const View line = view(line_begin_, line_end_);
-        const bool keep =
-            line.find(Unit(':')) != View::npos || (bookmark_ && line.find(Unit('=')) != View::npos);
-        if (keep) lines_.emplace_back(line);
+        const BasicVersitProperty<Unit> line(view(line_begin_, line_end_));
+        const bool keep = line.has_colon() || (bookmark_ && line.text().find(Unit('=')) != View::npos);
+        if (keep) lines_.push_back(line);
     }
 
     [[nodiscard]] bool is_marker(const PhysicalLine& line, std::string_view marker) const {

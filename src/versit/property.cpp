@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 
 #include "versit/ascii.h"
 #include "versit/base64.h"
 #include "versit/quoted_printable.h"
+#include "versit/unit_block.h"
 
 namespace vzapi::versit {
 namespace {
@@ -25,29 +25,20 @@ constexpr std::array<std::string_view, kEncodingCount + 1> kEncodingWords{
 };
 constexpr std::size_t kEncodingWord = kEncodingCount;
 
-// The search looks at every third pair of neighbours only: each word is at least four characters long, so one
-// of the three pairs within its first four stands where the search looks.
-constexpr std::size_t kPairStride = 3;
-static_assert(std::all_of(kEncodingWords.begin(), kEncodingWords.end(),
-                          [](std::string_view word) { return word.size() > kPairStride; }));
-
-// Units above 127 share a place with an ASCII character; the comparison that follows tells them apart.
+// The search looks for characters that are rare in text and stand in each of the words: B, Q and G.
 template <class Unit>
-constexpr std::size_t pair_index(Unit first, Unit second) noexcept {
-    return (static_cast<std::size_t>(first & 0x7F) << 7) | static_cast<std::size_t>(second & 0x7F);
+constexpr bool is_anchor(Unit unit) noexcept {
+    return unit == Unit('B') || unit == Unit('Q') || unit == Unit('G');
 }
 
-// 1 for the pairs that stand within the first four characters of a word.
-using PairTable = std::array<std::uint8_t, std::size_t{128} * 128>;
-
-constexpr PairTable make_word_pairs() {
-    PairTable pairs{};
-    for (const std::string_view word : kEncodingWords) {
-        for (std::size_t at = 0; at < kPairStride; ++at) pairs[pair_index(word[at], word[at + 1])] = 1;
+// Where in each of the words its anchor stands.
+constexpr auto kAnchors = [] {
+    std::array<std::size_t, kEncodingWords.size()> anchors{};
+    for (std::size_t word = 0; word < anchors.size(); ++word) {
+        while (!is_anchor(kEncodingWords[word].at(anchors[word]))) ++anchors[word];
     }
-    return pairs;
-}
-constexpr PairTable kWordPairs = make_word_pairs();
+    return anchors;
+}();
 
 template <class Unit>
 bool starts_with(View<Unit> text, std::string_view ascii) noexcept {
@@ -56,25 +47,42 @@ bool starts_with(View<Unit> text, std::string_view ascii) noexcept {
                       [](char expected, Unit unit) { return unit == static_cast<Unit>(expected); });
 }
 
-// The first word of the list that has the pair at `at` within its first four characters; `best` when none of
-// the words before that one does.
+// The first word of the list whose anchor may be the one at `at`; `best` when none of the words before that one
+// stands there.
 template <class Unit>
 std::size_t better_word_around(View<Unit> line, std::size_t at, std::size_t best) noexcept {
-    for (std::size_t start = at - std::min(at, kPairStride - 1); start <= at; ++start) {
-        for (std::size_t word = 0; word < best; ++word) {
-            if (starts_with(line.substr(start), kEncodingWords[word])) best = word;
-        }
+    for (std::size_t word = 0; word < best; ++word) {
+        const std::size_t anchor = kAnchors[word];
+        const bool same = line[at] == static_cast<Unit>(kEncodingWords[word][anchor]) && anchor <= at;
+        if (same && starts_with(line.substr(at - anchor), kEncodingWords[word])) return word;
     }
     return best;
 }
 
 // Index of the first word of the list that `line` holds anywhere; the size of the list when it holds none.
+// Whole blocks are tested for an anchor at once.
 template <class Unit>
 std::size_t find_encoding_word(View<Unit> line) noexcept {
     std::size_t best = kEncodingWords.size();
-    for (std::size_t at = 0; at + 1 < line.size() && best > 0; at += kPairStride) {
-        if (kWordPairs[pair_index(line[at], line[at + 1])] != 0) best = better_word_around(line, at, best);
+    const auto look_closely = [&](std::size_t begin, std::size_t end) {
+        for (std::size_t at = begin; at < end; ++at) {
+            if (is_anchor(line[at])) best = better_word_around(line, at, best);
+        }
+    };
+    constexpr std::size_t kBlock = kBlockUnits<Unit>;
+    const auto has_anchor = [&](std::size_t begin) {
+        const auto block = load_block(line.data() + begin);
+        return any_unit(equal_to(block, 'B') | equal_to(block, 'Q') | equal_to(block, 'G'));
+    };
+    if (line.size() < kBlock) {
+        look_closely(0, line.size());
+        return best;
     }
+    const std::size_t last = line.size() - kBlock;  // the last block overlaps the one before
+    for (std::size_t at = 0; at < last && best > 0; at += kBlock) {
+        if (has_anchor(at)) look_closely(at, at + kBlock);
+    }
+    if (has_anchor(last)) look_closely(last, line.size());
     return best;
 }
 
@@ -88,30 +96,17 @@ BasicVersitParameter<Unit> split_parameter(View<Unit> text) noexcept {
 }  // namespace
 
 template <class Unit>
-auto BasicVersitProperty<Unit>::raw_name() const noexcept -> View {
-    const auto end = std::find_if(text_.begin(), text_.end(),
+BasicVersitProperty<Unit>::BasicVersitProperty(View text) noexcept : text_(text) {
+    const auto end = std::find_if(text.begin(), text.end(),
                                   [](Unit unit) { return unit == Unit(';') || unit == Unit(':'); });
-    if (end == text_.end()) return {};
-    return text_.substr(0, static_cast<std::size_t>(end - text_.begin()));
+    if (end == text.end()) return;
+    name_end_ = static_cast<std::size_t>(end - text.begin());
+    colon_ = text.find(Unit(':'), name_end_);
 }
 
 template <class Unit>
 std::basic_string<Unit> BasicVersitProperty<Unit>::name() const {
     return to_upper(raw_name());
-}
-
-template <class Unit>
-auto BasicVersitProperty<Unit>::value() const noexcept -> View {
-    const std::size_t colon = text_.find(Unit(':'));
-    if (colon == View::npos || colon == 0) return {};
-    return text_.substr(colon + 1);
-}
-
-template <class Unit>
-auto BasicVersitProperty<Unit>::parameters() const noexcept -> View {
-    const View before_value = text_.substr(0, text_.find(Unit(':')));
-    const std::size_t semicolon = before_value.find(Unit(';'));
-    return semicolon == View::npos ? View{} : before_value.substr(semicolon);
 }
 
 template <class Unit>

@@ -3,6 +3,7 @@
 // still encoded (vCard 2.1, section 2.1).
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,23 +26,32 @@ public:
     using View = std::basic_string_view<Unit>;
 
     BasicVersitProperty() = default;
-    explicit BasicVersitProperty(View text) noexcept : text_(text) {}
+    explicit BasicVersitProperty(View text) noexcept;
 
     [[nodiscard]] View text() const noexcept { return text_; }
 
     // The text before the first ';' or ':', whichever comes first; empty when there is neither or it stands
     // at the very front. As written: name() gives it in capitals. A group prefix is part of it.
-    [[nodiscard]] View raw_name() const noexcept;
+    [[nodiscard]] View raw_name() const noexcept {
+        return name_end_ == View::npos ? View{} : text_.substr(0, name_end_);
+    }
     [[nodiscard]] std::basic_string<Unit> name() const;
 
     // Index of the upper-cased name in the name table of this side.
     [[nodiscard]] PropertyId id() const noexcept { return find_property(raw_name()); }
 
     // The text after the first ':'; empty when the line has no ':' or begins with it.
-    [[nodiscard]] View value() const noexcept;
+    [[nodiscard]] View value() const noexcept {
+        return colon_ == View::npos || colon_ == 0 ? View{} : text_.substr(colon_ + 1);
+    }
+
+    // True when the line has a ':'.
+    [[nodiscard]] bool has_colon() const noexcept { return colon_ != View::npos; }
 
     // The text between name and value, from the first ';' on; empty when there is none.
-    [[nodiscard]] View parameters() const noexcept;
+    [[nodiscard]] View parameters() const noexcept {
+        return name_end_ == colon_ ? View{} : text_.substr(name_end_, colon_ - name_end_);
+    }
 
     // The value of the first parameter of that name (in capitals), compared without regard to case.
     [[nodiscard]] std::optional<View> parameter(std::string_view upper_name) const noexcept;
@@ -57,6 +67,9 @@ public:
 
 private:
     View text_;
+    // Where the first ';' or ':' and the first ':' stand: readers ask for the parts of a line again and again.
+    std::size_t name_end_ = View::npos;
+    std::size_t colon_ = View::npos;
 };
 
 using VersitParameter = BasicVersitParameter<char>;

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "platform/utf8.h"
+#include "versit/unit_block.h"
 
 namespace vzapi::versit {
 namespace {
@@ -74,6 +75,12 @@ void append_escaped_bytes(std::string_view bytes, std::string& out) {
 }  // namespace
 
 bool needs_encoding(std::u16string_view text) noexcept {
+    constexpr std::size_t kBlock = kBlockUnits<char16_t>;
+    for (; text.size() >= kBlock; text.remove_prefix(kBlock)) {
+        const UnitBlock block = load_block(text.data());
+        constexpr std::uint16_t kLastAscii = 127;
+        if (any_unit((block > kLastAscii) | equal_to(block, '\r') | equal_to(block, '\n'))) return true;
+    }
     return std::any_of(text.begin(), text.end(),
                        [](char16_t unit) { return unit > 127 || unit == u'\r' || unit == u'\n'; });
 }

@@ -1,5 +1,7 @@
 #include "versit/text_cleanup.h"
 
+#include <algorithm>
+
 namespace vzapi::versit {
 namespace {
 
@@ -14,6 +16,12 @@ std::u16string clean_text(std::u16string_view text) {
     std::u16string clean(text);
     std::erase_if(clean, is_removed);
     return clean;
+}
+
+std::u16string_view clean_text(std::u16string_view text, std::u16string& storage) {
+    if (std::none_of(text.begin(), text.end(), is_removed)) return text;
+    storage = clean_text(text);
+    return storage;
 }
 
 }  // namespace vzapi::versit

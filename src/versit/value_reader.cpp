@@ -17,6 +17,7 @@ namespace {
 constexpr std::string_view kShiftJis = "SHIFT_JIS";
 
 std::string_view charset_of(const VersitProperty& line) {
+    if (line.parameters().empty()) return {};
     std::string_view charset = line.parameter("CHARSET").value_or(std::string_view{});
     if (charset.size() > 1 && charset.front() == '"' && charset.back() == '"') {
         charset = charset.substr(1, charset.size() - 2);
@@ -60,7 +61,13 @@ std::size_t end_of_component(std::string_view value, bool shift_jis) {
 
 }  // namespace
 
-ValueReader::ValueReader() : default_is_utf8_(platform::system_charset() == "UTF-8") {}
+ValueReader::ValueReader(DefaultCharset charset)
+    : default_is_utf8_(charset == DefaultCharset::Utf8 || platform::system_charset() == "UTF-8") {
+    constexpr std::size_t kUsualText = 120;
+    constexpr std::size_t kUsualParts = 8;
+    text_.reserve(kUsualText);
+    parts_.reserve(kUsualParts);
+}
 
 void ValueReader::convert(std::string_view bytes, std::string_view charset) {
     bytes = bytes.substr(0, bytes.find('\0'));

@@ -12,12 +12,15 @@
 
 namespace vzapi::versit {
 
+// The charset of values whose line names none.
+enum class DefaultCharset : bool { System, Utf8 };
+
 // Values are decoded as the line says (none is the encoding where it says nothing) and converted from the
 // line's charset. An encoded NUL ends a text, as it does in a record. Views and components live until the next
 // call.
 class ValueReader {
 public:
-    ValueReader();
+    explicit ValueReader(DefaultCharset charset = DefaultCharset::System);
 
     // The whole value.
     [[nodiscard]] std::u16string_view text(const VersitProperty& line);
@@ -43,7 +46,7 @@ private:
     void split_text(Escapes escapes, std::size_t most);
     void unescape_from(std::size_t begin, Escapes escapes);
 
-    const bool default_is_utf8_;  // asked of the system once, not for each text
+    const bool default_is_utf8_;  // the system is asked once, not for each text
     std::string bytes_;
     std::u16string text_;
     std::vector<Part> parts_;  // of text_

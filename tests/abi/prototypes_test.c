@@ -1,5 +1,6 @@
 /* The exact type of every exported function for a host in C, and its address. */
 #include "abi/header_rows.h"
+#include "vzapi/odcapi.h"
 #include "vzapi/vzapi.h"
 
 /* NOLINTBEGIN(bugprone-macro-parentheses): a type stands bare in a generic selection. */
@@ -18,20 +19,56 @@ HAS_TYPE(FreeVersitData, uint32_t (*)(VersitData*));
 HAS_TYPE(FreeConverterData, uint32_t (*)(uint32_t, void*));
 HAS_TYPE(DllRegisterServer, RegistrationResult (*)(void));
 HAS_TYPE(DllUnregisterServer, RegistrationResult (*)(void));
+HAS_TYPE(ODCAPI_Initialize, uint32_t (*)(uint32_t, uint64_t));
+HAS_TYPE(ODCAPI_Terminate, uint32_t (*)(uint64_t));
+HAS_TYPE(ODCAPI_GetAPIVersion, uint32_t (*)(uint32_t*));
+HAS_TYPE(ODCAPI_ValidateDataObject, uint32_t (*)(uint32_t, const DataObject*));
+HAS_TYPE(ODCAPI_ParseDataObject, uint32_t (*)(uint32_t, const DataObject*, void*));
+HAS_TYPE(ODCAPI_FreeParsedData, uint32_t (*)(uint32_t, void*));
+HAS_TYPE(ODCAPI_CreateDataObject, uint32_t (*)(uint32_t, const void*, DataObject*));
+HAS_TYPE(ODCAPI_FreeDataObject, uint32_t (*)(DataObject*));
+HAS_TYPE(ODCAPI_CreateBegin, uint32_t (*)(void));
+HAS_TYPE(ODCAPI_InitializeSupportInfo, uint32_t (*)(void));
+HAS_TYPE(ODCAPI_AddField, uint32_t (*)(void));
+HAS_TYPE(ODCAPI_DeleteField, uint32_t (*)(void));
+HAS_TYPE(ODCAPI_CreateEnd, uint32_t (*)(void));
 
-#define FUNCTION(name) \
-    { #name, (void (*)(void))(name) }
+/* Rows are added at run time: the address of an imported function is no constant for a C compiler, and for
+ * the rows of a longer array one takes that of the stub which jumps to it. */
+static void add_row(struct FunctionRow* rows, size_t* count, const char* name, void (*address)(void)) {
+    rows[*count].name = name;
+    rows[*count].address = address;
+    ++*count;
+}
+
+#define FUNCTION(name) add_row(rows, count, #name, (void (*)(void))(name))
 
 const struct FunctionRow* function_rows(size_t* count) {
-    static struct FunctionRow rows[11];
-    /* Filled at run time: the address of an imported function is no constant for a C compiler. */
-    const struct FunctionRow functions[] = {
-        FUNCTION(VZAPI_GetAPIVersion), FUNCTION(VZAPI_Initialize),    FUNCTION(VZAPI_Terminate),
-        FUNCTION(ConvertToVersit),     FUNCTION(ConvertToVersit2),    FUNCTION(ConvertFromVersit),
-        FUNCTION(ValidateVersitData),  FUNCTION(FreeVersitData),      FUNCTION(FreeConverterData),
-        FUNCTION(DllRegisterServer),   FUNCTION(DllUnregisterServer),
-    };
-    *count = sizeof(functions) / sizeof(functions[0]);
-    for (size_t i = 0; i < *count; ++i) rows[i] = functions[i];
+    static struct FunctionRow rows[24];
+    *count = 0;
+    FUNCTION(VZAPI_GetAPIVersion);
+    FUNCTION(VZAPI_Initialize);
+    FUNCTION(VZAPI_Terminate);
+    FUNCTION(ConvertToVersit);
+    FUNCTION(ConvertToVersit2);
+    FUNCTION(ConvertFromVersit);
+    FUNCTION(ValidateVersitData);
+    FUNCTION(FreeVersitData);
+    FUNCTION(FreeConverterData);
+    FUNCTION(DllRegisterServer);
+    FUNCTION(DllUnregisterServer);
+    FUNCTION(ODCAPI_Initialize);
+    FUNCTION(ODCAPI_Terminate);
+    FUNCTION(ODCAPI_GetAPIVersion);
+    FUNCTION(ODCAPI_ValidateDataObject);
+    FUNCTION(ODCAPI_ParseDataObject);
+    FUNCTION(ODCAPI_FreeParsedData);
+    FUNCTION(ODCAPI_CreateDataObject);
+    FUNCTION(ODCAPI_FreeDataObject);
+    FUNCTION(ODCAPI_CreateBegin);
+    FUNCTION(ODCAPI_InitializeSupportInfo);
+    FUNCTION(ODCAPI_AddField);
+    FUNCTION(ODCAPI_DeleteField);
+    FUNCTION(ODCAPI_CreateEnd);
     return rows;
 }

@@ -33,23 +33,19 @@ static_assert(has_type<uint32_t(uint32_t, void*) noexcept>(FreeConverterData));
 static_assert(has_type<RegistrationResult()>(DllRegisterServer));
 static_assert(has_type<RegistrationResult()>(DllUnregisterServer));
 static_assert(sizeof(RegistrationResult) == 4);
-
-static_assert(std::is_same_v<decltype(ODCAPI_Initialize), uint32_t(uint32_t, uint64_t) noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_Terminate), uint32_t(uint64_t) noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_GetAPIVersion), uint32_t(uint32_t*) noexcept>);
-static_assert(
-    std::is_same_v<decltype(ODCAPI_ValidateDataObject), uint32_t(uint32_t, const DataObject*) noexcept>);
-static_assert(
-    std::is_same_v<decltype(ODCAPI_ParseDataObject), uint32_t(uint32_t, const DataObject*, void*) noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_FreeParsedData), uint32_t(uint32_t, void*) noexcept>);
-static_assert(
-    std::is_same_v<decltype(ODCAPI_CreateDataObject), uint32_t(uint32_t, const void*, DataObject*) noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_FreeDataObject), uint32_t(DataObject*) noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_CreateBegin), uint32_t() noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_InitializeSupportInfo), uint32_t() noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_AddField), uint32_t() noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_DeleteField), uint32_t() noexcept>);
-static_assert(std::is_same_v<decltype(ODCAPI_CreateEnd), uint32_t() noexcept>);
+static_assert(has_type<uint32_t(uint32_t, uint64_t) noexcept>(ODCAPI_Initialize));
+static_assert(has_type<uint32_t(uint64_t) noexcept>(ODCAPI_Terminate));
+static_assert(has_type<uint32_t(uint32_t*) noexcept>(ODCAPI_GetAPIVersion));
+static_assert(has_type<uint32_t(uint32_t, const DataObject*) noexcept>(ODCAPI_ValidateDataObject));
+static_assert(has_type<uint32_t(uint32_t, const DataObject*, void*) noexcept>(ODCAPI_ParseDataObject));
+static_assert(has_type<uint32_t(uint32_t, void*) noexcept>(ODCAPI_FreeParsedData));
+static_assert(has_type<uint32_t(uint32_t, const void*, DataObject*) noexcept>(ODCAPI_CreateDataObject));
+static_assert(has_type<uint32_t(DataObject*) noexcept>(ODCAPI_FreeDataObject));
+static_assert(has_type<uint32_t() noexcept>(ODCAPI_CreateBegin));
+static_assert(has_type<uint32_t() noexcept>(ODCAPI_InitializeSupportInfo));
+static_assert(has_type<uint32_t() noexcept>(ODCAPI_AddField));
+static_assert(has_type<uint32_t() noexcept>(ODCAPI_DeleteField));
+static_assert(has_type<uint32_t() noexcept>(ODCAPI_CreateEnd));
 
 using AnyFunction = void (*)();
 
@@ -78,11 +74,31 @@ TEST(Prototypes, EveryListedFunctionIsDeclaredAndHasAnAddress) {
 }
 
 TEST(Prototypes, CAndCPlusPlusReachTheSameFunctions) {
-    const std::array<AnyFunction, 11> addresses = {
-        address(VZAPI_GetAPIVersion), address(VZAPI_Initialize),    address(VZAPI_Terminate),
-        address(ConvertToVersit),     address(ConvertToVersit2),    address(ConvertFromVersit),
-        address(ValidateVersitData),  address(FreeVersitData),      address(FreeConverterData),
-        address(DllRegisterServer),   address(DllUnregisterServer),
+    const std::array<AnyFunction, 24> addresses = {
+        address(VZAPI_GetAPIVersion),
+        address(VZAPI_Initialize),
+        address(VZAPI_Terminate),
+        address(ConvertToVersit),
+        address(ConvertToVersit2),
+        address(ConvertFromVersit),
+        address(ValidateVersitData),
+        address(FreeVersitData),
+        address(FreeConverterData),
+        address(DllRegisterServer),
+        address(DllUnregisterServer),
+        address(ODCAPI_Initialize),
+        address(ODCAPI_Terminate),
+        address(ODCAPI_GetAPIVersion),
+        address(ODCAPI_ValidateDataObject),
+        address(ODCAPI_ParseDataObject),
+        address(ODCAPI_FreeParsedData),
+        address(ODCAPI_CreateDataObject),
+        address(ODCAPI_FreeDataObject),
+        address(ODCAPI_CreateBegin),
+        address(ODCAPI_InitializeSupportInfo),
+        address(ODCAPI_AddField),
+        address(ODCAPI_DeleteField),
+        address(ODCAPI_CreateEnd),
     };
     const std::span<const FunctionRow> rows = functions_seen_from_c();
     ASSERT_EQ(rows.size(), addresses.size());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "support/failing_allocations.h"
@@ -113,18 +114,95 @@ TEST(AllocationFailure, WritingAContactGroup) {
     EXPECT_EQ(FreeVersitData(&out), VZ_OK);
 }
 
-TEST(AllocationFailure, ParsingAMessage) {
-    if (!FailingAllocations::sees_operator_new()) GTEST_SKIP() << "operator new cannot be made to fail here";
-    std::u16string text = u"BEGIN:VMSG\r\nVERSION:1.1\r\nBEGIN:VBODY\r\na\r\nEND:VBODY\r\nEND:VMSG\r\n";
+const std::string kCalendar =
+    lines({"BEGIN:VCALENDAR", "VERSION:1.0", "TZ:+01:00",
+           "DAYLIGHT:TRUE;+02:00;20090329T020000;20091025T030000;a name longer than any short string;CEST",
+           "BEGIN:VEVENT", "DTSTART:20090315T143000", "DTEND:20090315T153000", "AALARM:20090315T141500;;0;",
+           "X-EPOCAGENDAENTRYTYPE:APPOINTMENT",
+           "SUMMARY;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:caf=C3=A9 and more", "GEO:47.5;19.05",
+           "X-VZAPI-CAL-REFERENCE:1;2;3", "RRULE:W2 TU #0", "EXDATE:20090317T143000", "END:VEVENT",
+           "END:VCALENDAR"});
+
+TEST(AllocationFailure, ReadingAndWritingACalendarEntry) {
+    const AnnouncedVersion announced(VZ_INTERFACE_VERSION);
+    std::string text = kCalendar;
+    const VersitData in = data_of(text);
+    CalendarItem item{};
+    item.size = sizeof item;
+    const std::size_t read_failures =
+        fail_each_allocation([&] { return ConvertFromVersit(VZ_TYPE_CALENDAR, &in, &item); },
+                             [&] {
+                                 EXPECT_EQ(item.size, sizeof item);
+                                 EXPECT_EQ(item.fields, nullptr);
+                                 EXPECT_EQ(item.exceptions, nullptr);
+                                 EXPECT_EQ(item.daylightRules, nullptr);
+                                 EXPECT_EQ(FreeConverterData(VZ_TYPE_CALENDAR, &item), VZ_OK);
+                             });
+    EXPECT_GE(read_failures, FailingAllocations::sees_operator_new() ? 12U : 10U)
+        << "three arrays, a text, a place and its two texts, a reference and two names, at the least";
+    VersitData out{};
+    const std::size_t write_failures =
+        fail_each_allocation([&] { return ConvertToVersit(VZ_TYPE_CALENDAR, &item, &out); },
+                             [&] {
+                                 EXPECT_EQ(out.length, 0U);
+                                 EXPECT_EQ(out.text, nullptr);
+                             });
+    EXPECT_GE(write_failures, FailingAllocations::sees_operator_new() ? 4U : 1U)
+        << "the block, and with operator new the text, the zone and a name, at the least";
+    EXPECT_EQ(FreeVersitData(&out), VZ_OK);
+    EXPECT_EQ(FreeConverterData(VZ_TYPE_CALENDAR, &item), VZ_OK);
+}
+
+void fail_reading_a_message(std::u16string text, std::size_t least_blocks, std::size_t least) {
     const VersitData in = data_of(text);
     MessageItem item{};
     item.size = sizeof item;
-    for (std::size_t nth = 1; nth <= 2; ++nth) {
-        FailingAllocations failing(nth);
-        const ResultCode code = ConvertFromVersit(VZ_TYPE_MESSAGE, &in, &item);
-        failing.stop();
-        EXPECT_TRUE(failing.failed());
-        EXPECT_EQ(code, VZ_ERR_OUT_OF_MEMORY);
+    const std::size_t failures =
+        fail_each_allocation([&] { return ConvertFromVersit(VZ_TYPE_MESSAGE, &in, &item); },
+                             [&] {
+                                 EXPECT_EQ(item.size, sizeof item);
+                                 EXPECT_EQ(item.text, nullptr);
+                                 EXPECT_EQ(item.addresses, nullptr);
+                                 EXPECT_EQ(FreeConverterData(VZ_TYPE_MESSAGE, &item), VZ_OK);
+                             });
+    EXPECT_GE(failures, FailingAllocations::sees_operator_new() ? least : least_blocks);
+    EXPECT_NE(item.textLength, 0U);
+    EXPECT_EQ(FreeConverterData(VZ_TYPE_MESSAGE, &item), VZ_OK);
+}
+
+TEST(AllocationFailure, ReadingAMessage) {
+    const std::u16string head =
+        u"BEGIN:VMSG\r\nVERSION:1.1\r\nBEGIN:VCARD\r\nTEL:1\r\n"
+        u"TEL;QUOTED-PRINTABLE:a=20number=20longer=20than=20any=20short=20string\r\n"
+        u"END:VCARD\r\nBEGIN:VENV\r\nBEGIN:VBODY\r\n";
+    const std::u16string tail = u"a text longer than any short string\r\nEND:VBODY\r\nEND:VMSG\r\n";
+    // The text, the array and two numbers; with operator new the parse, the parts and the decoding.
+    fail_reading_a_message(head + tail, 4, 8);
+    fail_reading_a_message(head + u"X-SMS;TYPE=TEXT;ENCODING=QUOTED-PRINTABLE:" + tail, 4, 10);
+}
+
+TEST(AllocationFailure, WritingAMessage) {
+    char16_t text[] = u"a text longer than any short string";
+    char16_t number[] = u"a number longer than any short string, caf\u00E9";
+    MessageAddress addresses[3] = {{0, number}, {0, nullptr}, {0, number}};
+    MessageItem item{};
+    item.flags = VZ_MESSAGE_TYPE_DELIVER << VZ_MESSAGE_TYPE_SHIFT;
+    item.text = text;
+    item.textLength = sizeof text;
+    item.addressCount = 3;
+    item.addresses = addresses;
+    for (const std::uint32_t version : {0U, 16U}) {
+        VersitData out{};
+        const std::size_t failures = fail_each_allocation(
+            [&] { return ConvertToVersit2(VZ_PROFILE_10, version, 0, VZ_TYPE_MESSAGE, &item, &out); },
+            [&] {
+                EXPECT_EQ(out.length, 0U);
+                EXPECT_EQ(out.text, nullptr);
+                EXPECT_EQ(FreeVersitData(&out), VZ_OK);
+            });
+        EXPECT_GE(failures, FailingAllocations::sees_operator_new() ? 5U : 1U)
+            << "the block, and with operator new the frame in two parts, a value and the text, at the least";
+        EXPECT_EQ(FreeVersitData(&out), VZ_OK);
     }
 }
 

@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "support/text.h"
+#include "vcalendar/calendar_builder.h"
 #include "vcard/contact_builder.h"
+#include "vmessage/message_builder.h"
 #include "vzapi/vzapi.h"
 
 namespace {
@@ -61,6 +63,47 @@ bool convert_contact_there_and_back(int thread, int round) {
     return FreeVersitData(&versit) == VZ_OK && FreeConverterData(VZ_TYPE_CONTACT, &back) == VZ_OK && same;
 }
 
+// The same for a calendar entry, in both versions of its text.
+bool convert_calendar_there_and_back(int thread, int round) {
+    std::u16string title = u"Regatta \u00E9, ";
+    title.append(static_cast<std::size_t>(round % 50), static_cast<char16_t>(u'a' + thread));
+    calendar::Calendar event;
+    event.size = VZ_CALENDAR_SIZE_EXCEPTIONS;
+    event.type = VZ_ITEM_APPOINTMENT;
+    event.start = calendar::local(2009, 3, 1 + static_cast<unsigned>(round % 28), 9);
+    event.alarm_kind = VZ_ALARM_AUDIO;
+    event.alarm = event.start;
+    event.repeat = {VZ_REPEAT_WEEKLY, 1 + static_cast<std::uint32_t>(thread), VZ_DAY_MONDAY, 0};
+    event.fields = {calendar::text(VZ_CALENDAR_SUMMARY, title)};
+    event.exceptions = {calendar::utc(2010, 1, 1)};
+    calendar::CalendarRecord record(event);
+    VersitData versit{};
+    if (ConvertToVersit2(VZ_PROFILE_20, thread % 2 == 0 ? VZ_PROFILE_20_CALENDAR_2 : 0, VZ_PROFILE_ON,
+                         VZ_TYPE_CALENDAR, record.item(), &versit) != VZ_OK)
+        return false;
+    CalendarItem back{};
+    back.size = VZ_CALENDAR_SIZE_EXCEPTIONS;
+    const bool same =
+        ConvertFromVersit(VZ_TYPE_CALENDAR, &versit, &back) == VZ_OK && calendar::calendar_of(&back) == event;
+    return FreeVersitData(&versit) == VZ_OK && FreeConverterData(VZ_TYPE_CALENDAR, &back) == VZ_OK && same;
+}
+
+// The same for a message, which is written in its extended form on every second thread.
+bool convert_message_there_and_back(int thread, int round) {
+    std::u16string body = u"Hello \u00E9\r\n";
+    body.append(static_cast<std::size_t>(round % 50), static_cast<char16_t>(u'a' + thread));
+    const Form form = thread % 2 == 0 ? Form::Plain : Form::Extended;
+    const Message message{VZ_MESSAGE_STATUS_READ, VZ_MESSAGE_TYPE_DELIVER, {u"+1", u"+2"}, body, {}};
+    VersitData versit{};
+    if (write_message(MessageRecord(message).item, form, versit) != VZ_OK) return false;
+    MessageItem back{};
+    back.size = sizeof back;
+    const bool extended = units_of(versit).find(u"X-SMS;") != std::u16string::npos;
+    const bool same = ConvertFromVersit(VZ_TYPE_MESSAGE, &versit, &back) == VZ_OK &&
+                      message_of(back) == message && extended == (form == Form::Extended);
+    return FreeVersitData(&versit) == VZ_OK && FreeConverterData(VZ_TYPE_MESSAGE, &back) == VZ_OK && same;
+}
+
 // Both parsers run to their end on a text without an object.
 bool refuse(int round) {
     std::string card = "NOTE;QUOTED-PRINTABLE:a=\r\nb\r\n c\nd\r\nPHOTO;BASE64:\r\n  AAAA\r\n\r\n";
@@ -86,7 +129,9 @@ TEST(Threads, ConvertIndependently) {
         threads.emplace_back([thread, &wrong] {
             for (int round = 0; round < kRounds; ++round) {
                 const bool right = convert_there_and_back(thread, round) &&
-                                   convert_contact_there_and_back(thread, round) && refuse(round);
+                                   convert_contact_there_and_back(thread, round) &&
+                                   convert_calendar_there_and_back(thread, round) &&
+                                   convert_message_there_and_back(thread, round) && refuse(round);
                 if (!right) ++wrong;
             }
         });

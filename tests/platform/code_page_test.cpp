@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <string>
+
 #include "support/environment.h"
 
 namespace vzapi::platform {
@@ -40,6 +43,38 @@ constexpr Row kShiftJis[] = {
 
 TEST(CodePage932, DecodesItsCharacters) {
     for (const Row& row : kShiftJis) EXPECT_EQ(decoded(CodePage::ShiftJis, row.bytes), row.text) << row.what;
+}
+
+TEST(CodePage932, TheStrictReadingRefusesWhatIsNotDefined) {
+    for (const Row& row : kShiftJis) {
+        std::u16string text = u"before ";
+        EXPECT_TRUE(append_utf16_from_shift_jis(row.bytes, text)) << row.what;
+        EXPECT_EQ(text, std::u16string(u"before ").append(row.text)) << row.what;
+    }
+    for (const std::string_view bytes :
+         {"\x80"sv, "\x81"sv, "a\xFC"sv, "\x81\x20"sv, "\x81\xAD"sv, "\x85\x40"sv}) {
+        std::u16string text;
+        EXPECT_FALSE(append_utf16_from_shift_jis(bytes, text)) << bytes;
+    }
+}
+
+// Every byte and every pair of bytes, as one number: the systems' tables are the same.
+TEST(CodePage932, TheStrictReadingIsTheSameOnEverySystem) {
+    std::uint32_t sum = 2166136261;
+    std::size_t defined = 0;
+    const auto add = [&](const std::string& bytes) {
+        std::u16string text;
+        if (!append_utf16_from_shift_jis(bytes, text)) text = u"\uFFFF";
+        defined += text == u"\uFFFF" ? 0 : 1;
+        for (const char16_t unit : text) sum = (sum ^ unit) * 16777619;
+    };
+    for (int first = 0; first < 0x100; ++first) {
+        add({static_cast<char>(first)});
+        for (int second = 0; second < 0x100; ++second)
+            add({static_cast<char>(first), static_cast<char>(second)});
+    }
+    EXPECT_EQ(defined, 46276U);
+    EXPECT_EQ(sum, 1499524507U);
 }
 
 TEST(CodePage932, RefusesNothing) {
@@ -89,6 +124,61 @@ TEST(CodePage, AppendsBehindWhatIsThere) {
         append_utf16(code_page, {}, text);
         EXPECT_EQ(text, u"before after");
     }
+}
+
+constexpr SystemCharset kGreek = {1253, "CP1253"};
+constexpr SystemCharset kKorean = {949, "CP949"};
+constexpr SystemCharset kUtf7 = {65000, "UTF-7"};
+constexpr SystemCharset kNone = {1, "no-such-charset"};
+
+TEST(SystemCharsets, ConvertBothWays) {
+    struct CharsetRow {
+        SystemCharset charset;
+        std::string_view bytes;
+        std::u16string_view text;
+    };
+    constexpr CharsetRow kRows[] = {
+        {kGreek, "a\xC1\xE1"sv, u"a\u0391\u03B1"sv},
+        {kKorean, "\xC7\xD1\xB1\xB9."sv, u"\uD55C\uAD6D."sv},
+        {kUtf7, "+ZeVnLIqe-"sv, u"\u65E5\u672C\u8A9E"sv},
+        {kGreek, ""sv, u""sv},
+        {kUtf7, ""sv, u""sv},
+    };
+    for (const CharsetRow& row : kRows) {
+        std::u16string text = u"<";
+        EXPECT_TRUE(append_utf16(row.charset, row.bytes, text));
+        EXPECT_EQ(text, u"<" + std::u16string(row.text));
+        std::string bytes = "<";
+        EXPECT_TRUE(append_bytes(row.charset, row.text, bytes));
+        EXPECT_EQ(bytes, "<" + std::string(row.bytes));
+    }
+}
+
+TEST(SystemCharsets, LongTextsKeepTheirCharacters) {
+    std::string bytes;
+    std::u16string text;
+    for (int i = 0; i < 700000; ++i) {
+        bytes += "x\xC7\xD1";
+        text += u"x\uD55C";
+    }
+    std::u16string decoded;
+    EXPECT_TRUE(append_utf16(kKorean, bytes, decoded));
+    EXPECT_TRUE(decoded == text);
+    std::string encoded;
+    EXPECT_TRUE(append_bytes(kKorean, text, encoded));
+    EXPECT_TRUE(encoded == bytes);
+}
+
+TEST(SystemCharsets, RefuseWhatTheyDoNotHaveAndAppendNothing) {
+    std::string bytes = "before";
+    for (const std::u16string_view text : {u"abc\u65E5"sv, u"\u65E5"sv, u"\xD800"sv}) {
+        EXPECT_FALSE(append_bytes(kGreek, text, bytes));
+    }
+    EXPECT_FALSE(append_bytes(kNone, u"a", bytes));
+    EXPECT_EQ(bytes, "before");
+    std::u16string text = u"before";
+    EXPECT_FALSE(append_utf16(kNone, "a", text));
+    EXPECT_EQ(text, u"before");
 }
 
 TEST(SystemCodePage, HasANameAndKnowsAscii) {

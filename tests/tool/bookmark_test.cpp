@@ -61,7 +61,7 @@ TEST(Bookmark, TextToJsonToTextKeepsEveryByte) {
     for (const BookmarkRow& row : kRows) {
         const std::string text = direct_text(row);
         nlohmann::ordered_json object = nlohmann::ordered_json::object();
-        kBookmarkConverter.to_json(text, object);
+        kBookmarkConverter.to_json(text, {}, object);
         EXPECT_EQ(kBookmarkConverter.from_json(nlohmann::json(object), {}), text) << row.name;
     }
 }
@@ -69,20 +69,20 @@ TEST(Bookmark, TextToJsonToTextKeepsEveryByte) {
 TEST(Bookmark, KeysStandInTheOrderOfTheRecordAndOnlyWhereThereIsAValue) {
     const LibrarySession session;
     nlohmann::ordered_json object = nlohmann::ordered_json::object();
-    kBookmarkConverter.to_json(direct_text(kRows[0]), object);
+    kBookmarkConverter.to_json(direct_text(kRows[0]), {}, object);
     EXPECT_EQ(object.dump(),
               R"({"title":"T","url":"http://a.example.com/","shortcut":"http://b.example.com/"})");
     object = nlohmann::ordered_json::object();
-    kBookmarkConverter.to_json(direct_text(kRows[1]), object);
+    kBookmarkConverter.to_json(direct_text(kRows[1]), {}, object);
     EXPECT_EQ(object.dump(), "{}");
 }
 
 TEST(Bookmark, ShowNamesTheFieldsThatAreThere) {
     const LibrarySession session;
     EXPECT_EQ(
-        kBookmarkConverter.show(direct_text(kRows[0])),
+        kBookmarkConverter.show(direct_text(kRows[0]), {}),
         "Bookmark\n  Title     T\n  Address   http://a.example.com/\n  Shortcut  http://b.example.com/\n");
-    EXPECT_EQ(kBookmarkConverter.show(direct_text(kRows[1])), "Bookmark\n  (empty)\n");
+    EXPECT_EQ(kBookmarkConverter.show(direct_text(kRows[1]), {}), "Bookmark\n  (empty)\n");
 }
 
 }  // namespace

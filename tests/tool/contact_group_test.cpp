@@ -15,7 +15,7 @@ std::string group_text(const std::string& name, const std::string& members) {
 
 std::string json_of(const std::string& text) {
     nlohmann::ordered_json object = nlohmann::ordered_json::object();
-    kContactGroupConverter.to_json(text, object);
+    kContactGroupConverter.to_json(text, {}, object);
     return object.dump();
 }
 
@@ -45,9 +45,9 @@ TEST(ContactGroup, MembersWithoutANumberAreCounted) {
     const LibrarySession session;
     const std::string text = group_text(":Family", "1;two;3");
     EXPECT_EQ(json_of(text), R"({"name":"Family","members":["1","3"],"membersNotRead":1})");
-    EXPECT_EQ(kContactGroupConverter.show(text),
+    EXPECT_EQ(kContactGroupConverter.show(text, {}),
               "Contact group\n  Name      Family\n  Members   1, 3\n  Not read  1 without a number\n");
-    EXPECT_EQ(kContactGroupConverter.show(group_text(":Family", "")),
+    EXPECT_EQ(kContactGroupConverter.show(group_text(":Family", ""), {}),
               "Contact group\n  Name      Family\n  Members   none\n");
 }
 

@@ -141,7 +141,7 @@ void fill_with_everything(HandMade& made) {
 std::string text_by_json(const ContactItem& item, const ProfileRow& profile) {
     nlohmann::ordered_json object = nlohmann::ordered_json::object();
     put_contact(item, object);
-    return kContactConverter.from_json(nlohmann::json::parse(object.dump()), profile_of(profile.name));
+    return kContactConverter.from_json(nlohmann::json::parse(object.dump()), {profile_of(profile.name)});
 }
 
 TEST(Contact, JsonCarriesAllThatAnyProfileWrites) {
@@ -283,11 +283,11 @@ TEST(Contact, TextToJsonToTextIsTextToRecordToText) {
         "N:a;b\r\nADR;HOME:;;s\r\nTITLE:t\r\nFN:f\r\nURL;WORK:u\r\nCLASS:PUBLIC\r\nTEL:2\r\nBDAY:19800229\r\n"
         "X-IMPP;TYPE=HOME:i\r\nNOTE:m\r\nPHOTO;ENCODING=BASE64;TYPE=GIF:AAEC\r\nX-FAVORITE:2\r\nEND:"
         "VCARD\r\n";
-    const ReadRecord<ContactItem, VZ_TYPE_CONTACT> contact(text);
+    const ReadRecord<ContactItem, kContactRecord> contact(text);
     nlohmann::ordered_json object = nlohmann::ordered_json::object();
-    kContactConverter.to_json(text, object);
+    kContactConverter.to_json(text, {}, object);
     for (const ProfileRow& profile : profiles()) {
-        EXPECT_EQ(kContactConverter.from_json(nlohmann::json(object), profile_of(profile.name)),
+        EXPECT_EQ(kContactConverter.from_json(nlohmann::json(object), {profile_of(profile.name)}),
                   direct_text(*contact, profile))
             << profile.name;
     }

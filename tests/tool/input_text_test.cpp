@@ -47,6 +47,53 @@ TEST(InputText, FormsOfUnicodeBecomeEightBitText) {
     }
 }
 
+TEST(InputText, LostSurrogatesAreCountedAndHaveALine) {
+    struct Row {
+        const char* name;
+        std::u16string units;
+        std::size_t count;
+        std::size_t line;
+    };
+    const Row rows[] = {
+        {"none", u"a\xD83D\xDE00\n", 0, 0},
+        {"at the front", u"\xDE00", 1, 1},
+        {"at the end of a line", u"a\r\nb\xD83D\r\n", 1, 2},
+        {"at the front of a line", u"a\r\n\xD83D", 1, 2},
+        {"several", u"\n\n\xD83D\xD83D\xDE00\xDE00\n\xD83D", 3, 3},
+    };
+    for (const Row& row : rows) {
+        std::string bytes = "\xFF\xFE";
+        for (const char16_t unit : row.units) {
+            bytes.push_back(static_cast<char>(unit & 0xFF));
+            bytes.push_back(static_cast<char>(unit >> 8));
+        }
+        const InputText text = eight_bit_text(bytes);
+        EXPECT_EQ(text.unpaired, row.count) << row.name;
+        EXPECT_EQ(text.unpaired_line, row.line) << row.name;
+    }
+}
+
+TEST(InputText, MarksOfJoinedFilesGo) {
+    const std::string mark = "\xEF\xBB\xBF";
+    const std::string joined =
+        "BEGIN:A\r\nEND:A\r\n" + mark + "BEGIN:B\r\nT:" + mark + "BEGIN:\r\n" + mark + "END:B\r\n";
+    const std::string parted = "BEGIN:A\r\nEND:A\r\nBEGIN:B\r\nT:" + mark + "BEGIN:\r\n" + mark + "END:B\r\n";
+    EXPECT_EQ(eight_bit_text(mark + joined).text, parted);
+    EXPECT_EQ(eight_bit_text(joined).text, joined) << "no mark in front, so the charset is not known";
+}
+
+TEST(InputText, AnEmailItemKeepsItsBytes) {
+    const std::string rows[] = {"<Email/>", "\xEF\xBB\xBF<Email></Email>",
+                                bytes("\xFF\xFE<\0E\0m\0\x61\0i\0l\0>\0"),
+                                bytes("\0<\0E\0m\0\x61\0i\0l\0/\0>")};
+    for (const std::string& row : rows) {
+        const InputText text = eight_bit_text(row);
+        EXPECT_TRUE(text.is_email_item) << row;
+        EXPECT_EQ(text.text, row);
+    }
+    EXPECT_FALSE(eight_bit_text("BEGIN:VCARD\r\nNOTE:<Email>\r\nEND:VCARD\r\n").is_email_item);
+}
+
 TEST(InputText, StandardInputIsReadToItsEnd) {
     const std::string text(3 * 1024 * 1024 + 7, 'x');
     std::istringstream in(text);

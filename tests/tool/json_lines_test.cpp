@@ -45,9 +45,16 @@ TEST(JsonLines, ALineThatIsNoObjectIsRefusedWithItsReason) {
     }
 }
 
+TEST(JsonLines, KeysStandInTheOrderOfTheLine) {
+    const JsonObject object = object_of_line(R"({"b":{"x":1,"a":2},"a":[{"y":1}],"c":3})");
+    EXPECT_EQ(object.keys, (std::vector<std::string>{"b", "a", "c"}));
+    EXPECT_EQ(object.fields.size(), 3U);
+    EXPECT_EQ(JsonObject(object.fields).keys, (std::vector<std::string>{"a", "b", "c"}));
+}
+
 TEST(JsonLines, DeepNestingIsNoTrouble) {
     const std::string deep = "{\"a\":" + std::string(200000, '[') + std::string(200000, ']') + "}";
-    EXPECT_TRUE(object_of_line(deep).contains("a"));
+    EXPECT_TRUE(object_of_line(deep).fields.contains("a"));
 }
 
 TEST(JsonLines, ALineIsAlwaysValidJson) {

@@ -137,6 +137,32 @@ TEST(ObjectSplitter, AnUnfinishedObjectDoesNotSwallowTheNext) {
     });
 }
 
+TEST(ObjectSplitter, NoLineOfTheTextOfAMessageCounts) {
+    const std::string frame = "BEGIN:VMSG/BEGIN:VBODY/";
+    const std::string end = "END:VBODY/END:VMSG/";
+    expect_rows({
+        {"an END of the message", frame + "END:VMSG/" + end, {"object VMSG 1: " + frame + "END:VMSG/" + end}},
+        {"a BEGIN of a message",
+         frame + "BEGIN:VMSG/" + end,
+         {"object VMSG 1: " + frame + "BEGIN:VMSG/" + end}},
+        {"an END of the body, and of all",
+         frame + "END:VBODY/END:VMSG/BEGIN:VCARD/" + end,
+         {"object VMSG 1: " + frame + "END:VBODY/END:VMSG/BEGIN:VCARD/" + end}},
+        {"the body of the next message is another",
+         frame + "END:VMSG/" + end + frame + end,
+         {"object VMSG 1: " + frame + "END:VMSG/" + end, "object VMSG 6: " + frame + end}},
+        {"a body without END",
+         frame + "a/END:VMSG/" + frame + end,
+         {"object VMSG 1: " + frame + "a/END:VMSG/", "object VMSG 5: " + frame + end}},
+        {"a body without END in a message without END",
+         frame + "a/" + frame + end,
+         {"unfinished VMSG 1: " + frame + "a/", "object VMSG 4: " + frame + end}},
+        {"the body of something else",
+         "BEGIN:VBKM/BEGIN:VBODY/END:VBKM/END:VBODY/",
+         {"object VBKM 1: BEGIN:VBKM/BEGIN:VBODY/END:VBKM/", "stray 4: END:VBODY"}},
+    });
+}
+
 TEST(ObjectSplitter, SaysWhyAnObjectIsUnfinished) {
     ObjectSplitter splitter("BEGIN:VBKM\nBEGIN:VCARD\nEND:VCARD\nBEGIN:VMSG\n");
     Piece piece;

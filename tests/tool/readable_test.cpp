@@ -26,6 +26,7 @@ TEST(Readable, ValuesAreShownWithoutWhatATerminalObeys) {
         {"\xC2", "\xC2"},
         {"one\ntwo", "one\n            two"},
         {"one\r\ntwo", "one\n            two"},
+        {"one\n\r\n \t", "one"},
         {"one\rtwo", "one\xE2\x90\x8Dtwo"},
     };
     for (const ValueRow& row : rows) {
@@ -37,6 +38,11 @@ TEST(Readable, ValuesAreShownWithoutWhatATerminalObeys) {
 
 TEST(Readable, AnObjectWithoutFieldsSaysSo) {
     EXPECT_EQ(Readable("Heading").text(), "Heading\n  (empty)\n");
+}
+
+TEST(Readable, OneLineHasNoLineEndsAndNoControlCharacters) {
+    EXPECT_EQ(in_one_line(" a \r\n\tb\x1B\n"), "a b\xE2\x90\x9B");
+    EXPECT_EQ(in_one_line("\n"), "");
 }
 
 }  // namespace

@@ -3,12 +3,17 @@
 
 Usage: run_cases.py VZCONV [EMULATOR ...]
 
-Samples are the *.vbm files of tests/data/bookmarks and the *.vcf files of tests/data/contacts. Beside each stands what
-the commands print for it: .expected.json (json), .expected.txt (show), .expected.check (check), and, where something is
-to be said on standard error, .expected.err (json and show), .expected.check.err (check) and .expected.versit.err (versit
-of the JSON). The *.json files of from-json are the input of the command versit, with .expected.vbm or .expected.vcf, one
-such with the name of a profile in it for each profile asked for, and .expected.err. A message that is no warning is a
-failure: exit status 1. Every case expects the same bytes on every platform.
+Samples are the *.vbm files of tests/data/bookmarks, the *.vcf files of tests/data/contacts, the *.vcs and *.ics files
+of tests/data/calendar, the *.vmg files of tests/data/messages and the *.xml files of tests/data/email. Beside each
+stands what the commands print for it: .expected.json (json), .expected.txt (show), .expected.check (check), and, where
+something is to be said on standard error, .expected.err (json and show), .expected.check.err (check) and
+.expected.versit.err (versit of the JSON). The *.json files of from-json are the input of the command versit, with
+.expected.vbm, .expected.vcf, .expected.vcs, .expected.ics or .expected.vmg, one such with "utf8", the name of a profile
+or a size of the record in it for each one asked for, and .expected.err. A message that is no warning is a failure: exit
+status 1. Every case expects the same bytes on every platform.
+
+The cases on objects run twice, through the conversion functions and through the data-object functions of the library.
+The second time samples with contact groups are left out, which those functions do not have, and profiles are refused.
 """
 
 import json
@@ -21,8 +26,19 @@ import tempfile
 
 DATA = pathlib.Path(__file__).resolve().parent.parent / "data"
 SAMPLES = DATA / "bookmarks"
-FOLDERS = ((SAMPLES, ".vbm"), (DATA / "contacts", ".vcf"))  # of samples, with the suffix of their files
-KINDS = {"bookmark", "contact", "group"}
+FOLDERS = (  # of samples, with the suffixes of their files
+    (SAMPLES, (".vbm",)),
+    (DATA / "contacts", (".vcf",)),
+    (DATA / "calendar", (".vcs", ".ics")),
+    (DATA / "messages", (".vmg",)),
+    (DATA / "email", (".xml",)),
+)
+DOORS = ("conversions", "objects")  # what --via knows
+COMMANDS = ("show", "list", "json", "versit", "check")
+RECORD_SIZE = "record-"  # in the name of a file with what is expected: behind it stands a size
+KINDS = {"bookmark", "contact", "group", "calendar entry", "message", "e-mail item"}
+HINT = b"\nTry vzconv --help.\n"
+TIME_ZONE = "Europe/Berlin"  # some times in UTC become local ones
 BOOKMARK = b"BEGIN:VBKM\r\nVERSION:1.0\r\nTITLE:%s\r\nURL:http://www.example.com/\r\nEND:VBKM\r\n"
 BOOKMARK_JSON = b'{"kind":"bookmark","title":"%s","url":"http://www.example.com/"}\n'
 
@@ -36,17 +52,25 @@ class Tool:
 
     def __init__(self, program, emulator):
         self.command = [*emulator, program]
+        self.via = None
         self.keeper = None
         if emulator:
             self.keeper = subprocess.Popen([*self.command, "json", "-"], stdin=subprocess.PIPE,
-                                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                           env=dict(os.environ, TZ=TIME_ZONE))
+            # The system outlives the program that sets it up and holds on to its streams, so that must be none whose
+            # output is waited for.
+            subprocess.run([*self.command, "--version"], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL, timeout=300, check=False)
 
     def close(self):
         if self.keeper:
             self.keeper.communicate(timeout=60)
 
     def run(self, *arguments, cwd=SAMPLES, stdin=b"", stdout=subprocess.PIPE):
-        environment = dict(os.environ, LC_ALL="C.UTF-8")
+        environment = dict(os.environ, LC_ALL="C.UTF-8", TZ=TIME_ZONE)
+        if self.via and arguments[0] in COMMANDS:
+            arguments = (arguments[0], "--via", self.via, *arguments[1:])
         return subprocess.run(
             [*self.command, *arguments], cwd=cwd, input=stdin, stdout=stdout, stderr=subprocess.PIPE,
             env=environment, timeout=300, check=False)
@@ -58,10 +82,12 @@ class Cases:
     def __init__(self):
         self.count = 0
         self.failures = []
+        self.suffix = ""  # of the names
 
     def expect(self, name, **pairs):
         """One case: every pair of (expected, actual) values is equal."""
         self.count += 1
+        name += self.suffix
         wrong = {what: pair for what, pair in pairs.items() if pair[0] != pair[1]}
         print(("FAILED " if wrong else "ok     ") + name)
         for what, (expected, actual) in wrong.items():
@@ -95,8 +121,16 @@ def status_for(messages):
     return 1 if any(b": warning: " not in line for line in messages.splitlines()) else 0
 
 
+def has_door(tool, path):
+    """Whether the door that is open takes all objects of `path`: JSON, or what check says of them."""
+    text = path.read_bytes().replace(b" ", b"")
+    return tool.via != "objects" or not (b'"kind":"group"' in text or b":group:" in text)
+
+
 def sample_cases(tool, cases, folder, suffix):
     for sample in sorted(folder.glob("*" + suffix)):
+        if not has_door(tool, sample.with_suffix(".expected.check")):
+            continue
         messages = expected_bytes(sample, ".err")
         for command, answer in (("json", ".json"), ("show", ".txt")):
             cases.expect_run(f"{command} {sample.name}", tool.run(command, sample.name, cwd=folder),
@@ -112,15 +146,43 @@ def is_good_verdict(line):
     return line.split(b": ", 2)[2].startswith(b"ok")
 
 
+def options_named(words):
+    """What the part of a file name between "expected" and the suffix asks for."""
+    if not words:
+        return []
+    if words == "utf8":
+        return ["--utf8"]
+    if words.startswith(RECORD_SIZE):
+        return ["--record-size", words[len(RECORD_SIZE):]]
+    return ["--profile", words]
+
+
 def from_json_cases(tool, cases, folder, suffix):
     for sample in sorted(folder.glob("from-json/*.json")):
-        messages = expected_bytes(sample, ".err")
+        if not has_door(tool, sample):
+            continue
         for expected in sorted(sample.parent.glob(sample.stem + ".expected*" + suffix)):
-            profile = expected.name[len(sample.stem) + len(".expected."):-len(suffix)]
-            arguments = ["--profile", profile] if profile else []
+            words = expected.name[len(sample.stem) + len(".expected."):-len(suffix)]
+            arguments = options_named(words)
+            if tool.via == "objects" and "--profile" in arguments:
+                cases.expect_run(f"versit of objects for {words}",
+                                 tool.run("versit", *arguments, sample.name, cwd=sample.parent),
+                                 err=b'vzconv: --profile: the family "objects" has no profiles' + HINT, status=2)
+                continue
+            messages = expected_bytes(sample, "." + words + ".err" if words == "utf8" else ".err")
             cases.expect_run(" ".join(["versit", sample.name, *arguments]),
                              tool.run("versit", *arguments, sample.name, cwd=sample.parent),
                              expected.read_bytes(), messages, status_for(messages))
+
+
+def record_size_cases(tool, cases, folder):
+    """What is read into a smaller record: it has no time zone, then no exceptions and no days of a recurrence."""
+    for expected in sorted(folder.glob("*.expected." + RECORD_SIZE + "*")):
+        stem, _, words = expected.stem.partition(".expected.")
+        command = {".json": "json", ".txt": "show"}[expected.suffix]
+        sample = next(name for name in (stem + ".vcs", stem + ".ics") if (folder / name).exists())
+        arguments = [command, *options_named(words), sample]
+        cases.expect_run(" ".join(arguments), tool.run(*arguments, cwd=folder), expected.read_bytes())
 
 
 def explicit_profile_cases(tool, cases):
@@ -135,15 +197,60 @@ def round_trip_cases(tool, cases, folder):
     """What json prints is JSON line by line, goes through versit and comes back the same, but for what versit warns of."""
     for expected in sorted(folder.glob("*.expected.json")):
         objects = expected.read_bytes()
-        if not objects:
+        if not objects or not has_door(tool, expected):
             continue
         for line in objects.decode("utf-8").split("\n")[:-1]:
             cases.expect(f"JSON in {expected.name}", kind=(True, json.loads(line)["kind"] in KINDS))
-        versit = tool.run("versit", expected.name, cwd=folder)
         losses = expected_bytes(expected.with_name(expected.name.replace(".expected.json", ".json")), ".versit.err")
-        cases.expect(f"versit {expected.name}", stderr=(losses, versit.stderr), status=(0, versit.returncode))
-        if not losses:
-            cases.expect_run(f"json of versit of {expected.name}", tool.run("json", "-", stdin=versit.stdout), objects)
+        for arguments in (("--utf8",), ()) if folder.name == "messages" else (("--utf8",),):
+            name = " ".join(["versit", *arguments, expected.name])
+            versit = tool.run("versit", *arguments, expected.name, cwd=folder)
+            cases.expect(name, stderr=(losses, versit.stderr), status=(0, versit.returncode))
+            if not losses:
+                cases.expect_run("json of " + name, tool.run("json", "-", stdin=versit.stdout), objects)
+
+
+def group_cases(tool, cases):
+    """Contact groups are no data objects: they are refused, and what stands beside them is converted."""
+    refusal = b"group: the data-object functions do not have this kind\n"
+    folder = DATA / "contacts"
+    group = BOOKMARK % b"A" + (folder / "group.vcf").read_bytes() + BOOKMARK % b"B"
+    cases.expect_run("json of a group", tool.run("json", "-", stdin=group),
+                     BOOKMARK_JSON % b"A" + BOOKMARK_JSON % b"B", b"-:6: " + refusal, 1)
+    cases.expect_run("check of a group", tool.run("check", "-", stdin=group),
+                     b"-:1: bookmark: ok\n-:6: " + refusal + b"-:%d: bookmark: ok\n" % (group.count(b"\r\n") - 4),
+                     status=1)
+    cases.expect_run("versit of a group", tool.run("versit", "-", stdin=b'{"kind":"group","members":["1"]}'),
+                     err=b"-:1: " + refusal, status=1)
+
+
+def email_cases(tool, cases):
+    folder = DATA / "email"
+    objects = (folder / "utf8.expected.json").read_bytes()
+    cases.expect_run("versit of an e-mail item", tool.run("versit", "-", stdin=objects),
+                     err=b"-:1: e-mail item: e-mail items are read only: there is no versit text for them\n", status=1)
+
+
+def list_cases(tool, cases, folder):
+    """Messages of many files as lines in the order of their dates, whether files or their folder are named."""
+    messages = DATA / "messages"
+    (folder / "folder").mkdir()
+    (folder / "folder" / "inside").mkdir()
+    for name in ("several.vmg", "written-utf16le-mark.vmg", "utf8.vmg"):
+        shutil.copy(messages / name, folder / "folder" / name)
+    expected = (messages / "list.expected").read_bytes()
+    cases.expect_run("list of a folder", tool.run("list", "folder", cwd=folder), expected)
+    cases.expect_run("list of a folder with a slash behind it", tool.run("list", "folder/", cwd=folder), expected)
+    cases.expect_run("list of files", tool.run("list", "folder/several.vmg", "folder/utf8.vmg",
+                                               "folder/written-utf16le-mark.vmg", cwd=folder), expected)
+    cases.expect_run("json of a folder is that of its files", tool.run("json", "folder", cwd=folder),
+                     b"".join((messages / (name + ".expected.json")).read_bytes()
+                              for name in ("several", "utf8", "written-utf16le-mark")))
+    (folder / "folder" / "b.vbm").write_bytes(BOOKMARK % b"A" + b"BEGIN:VMSG\r\nEND:VMSG\r\n")
+    cases.expect_run("list leaves out what is no message", tool.run("list", "folder", cwd=folder), expected,
+                     b"folder/b.vbm:1: warning: bookmarks are left out\nfolder/b.vbm:6: message: the text is no object "
+                     b"of this kind in a version that the library reads (0x80800003)\n", 1)
+    shutil.rmtree(folder / "folder")
 
 
 def input_cases(tool, cases, folder):
@@ -168,8 +275,8 @@ def input_cases(tool, cases, folder):
     cases.expect_run("missing file, versit", tool.run("versit", "missing.json", cwd=folder),
                      b"", b"missing.json: cannot be opened: No such file or directory\n", 1)
     (folder / "inside").mkdir()
-    cases.expect_run("folder in place of a file", tool.run("json", "inside", cwd=folder), b"",
-                     b"inside: is a directory\n", 1)
+    cases.expect_run("folder without files", tool.run("json", "inside", cwd=folder), b"",
+                     b"inside: is a folder without files\n", 1)
     cases.expect_run("show parts objects of several files by an empty line",
                      tool.run("show", "json", "=", cwd=folder),
                      b"\n".join([b"Bookmark\n  Title     A\n  Address   http://www.example.com/\n"] * 2))
@@ -206,7 +313,6 @@ def large_cases(tool, cases, folder):
 
 
 def usage_cases(tool, cases):
-    hint = b"\nTry vzconv --help.\n"
     rows = (
         ("no arguments", (), b"vzconv: a command is required"),
         ("no such command", ("convert", "a.vbm"), b'vzconv: there is no command "convert"'),
@@ -220,10 +326,18 @@ def usage_cases(tool, cases):
          b'vzconv: --profile: there is no profile "nobody"'),
         ("a profile where none is looked at", ("json", "--profile", "none", "a.vcf"),
          b"vzconv: The following argument was not expected: --profile"),
+        ("no such size of a record", ("json", "--record-size", "100", "a.vcs"),
+         b"vzconv: --record-size: 100 not in {112,128,152,192}"),
+        ("a size of a record where none is looked at", ("check", "--record-size", "112", "a.vcs"),
+         b"vzconv: The following argument was not expected: --record-size"),
+        ("list without files", ("list",), b"vzconv: FILE is required"),
+        ("no such family", ("json", "--via", "nobody", "a.vcf"), b'vzconv: --via: there is no family "nobody"'),
+        ("UTF-8 where nothing is written", ("json", "--utf8", "a.vcf"),
+         b"vzconv: The following argument was not expected: --utf8"),
         ("check without files", ("check",), b"vzconv: FILE is required"),
     )
     for name, arguments, message in rows:
-        cases.expect_run(name, tool.run(*arguments), err=message + hint, status=2)
+        cases.expect_run(name, tool.run(*arguments), err=message + HINT, status=2)
     for arguments, words in ((("--help",), b"Commands:"), (("json", "--help"), b"FILE ..."),
                              (("versit", "--help"), b"20-empty-fields "),
                              (("--version",), b"vzconv 16.")):
@@ -246,6 +360,18 @@ def lost_output_cases(tool, cases):
     cases.expect("nobody reads the output", stderr=(message, result.stderr), status=(1, result.returncode))
 
 
+def object_cases(tool, cases, folder):
+    for samples, suffixes in FOLDERS:
+        for suffix in suffixes:
+            sample_cases(tool, cases, samples, suffix)
+            from_json_cases(tool, cases, samples, suffix)
+        if samples.name != "email":
+            round_trip_cases(tool, cases, samples)
+    record_size_cases(tool, cases, DATA / "calendar")
+    email_cases(tool, cases)
+    list_cases(tool, cases, folder)
+
+
 def main():
     if len(sys.argv) < 2:
         print(__doc__)
@@ -255,10 +381,12 @@ def main():
     cases = Cases()
     folder = pathlib.Path(tempfile.mkdtemp(prefix="vzconv-"))
     try:
-        for samples, suffix in FOLDERS:
-            sample_cases(tool, cases, samples, suffix)
-            from_json_cases(tool, cases, samples, suffix)
-            round_trip_cases(tool, cases, samples)
+        for tool.via in DOORS:
+            cases.suffix = " via " + tool.via
+            object_cases(tool, cases, folder)
+        group_cases(tool, cases)
+        tool.via = None
+        cases.suffix = ""
         explicit_profile_cases(tool, cases)
         input_cases(tool, cases, folder)
         usage_cases(tool, cases)

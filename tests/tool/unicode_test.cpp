@@ -36,6 +36,22 @@ TEST(Unicode, UnpairedSurrogatesBecomeTheReplacementCharacter) {
     for (const TextRow& row : rows) EXPECT_EQ(utf8_from_utf16(row.utf16), row.utf8);
 }
 
+TEST(Unicode, UnpairedSurrogatesAreFound) {
+    struct Row {
+        std::u16string text;
+        std::size_t count;
+        std::size_t first;
+    };
+    const Row rows[] = {
+        {u"", 0, 0},         {u"a\xD83D\xDE00", 0, 3},      {u"\xD83D", 1, 0},
+        {u"a\xDE00z", 1, 1}, {u"\xD83D\xD83D\xDE00", 1, 0}, {u"\xD83D\xDE00\xDE00\xD83D", 2, 2},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(unpaired_surrogates_in(row.text), row.count);
+        EXPECT_EQ(first_unpaired_surrogate(row.text), row.first);
+    }
+}
+
 TEST(Unicode, EachMaximalIllFormedPartBecomesOneReplacementCharacter) {
     const TextRow rows[] = {
         {"\x80", u"\xFFFD"},

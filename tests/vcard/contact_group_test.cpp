@@ -544,4 +544,18 @@ TEST(ContactGroupRelease, AnUnreadableBlockDoesNotKeepTheOthers) {
     EXPECT_EQ(FreeVersitData(&holder), VZ_OK);
 }
 
+TEST(ContactGroupRelease, BlocksThatAreTheirOwnArrayOrTheSameTwiceAreReleasedOnce) {
+    OwnedGroup group;
+    ASSERT_EQ(group.read(group_text("FN:", "1;2;3;4")), VZ_OK);
+    ContactGroupMember* members = group.item.members;
+    VersitData holder{sizeof holder, 0, 0, members[0].idBlock};
+    EXPECT_EQ(FreeVersitData(&holder), VZ_OK);
+    holder = {sizeof holder, 0, 0, members[2].idBlock};
+    EXPECT_EQ(FreeVersitData(&holder), VZ_OK);
+    members[0].idBlock = reinterpret_cast<std::uint8_t*>(members);
+    members[2].idBlock = members[1].idBlock;
+    EXPECT_EQ(FreeConverterData(VZ_TYPE_CONTACT_GROUP, &group.item), VZ_OK);
+    EXPECT_EQ(group.item.members, nullptr);
+}
+
 }  // namespace

@@ -12,7 +12,7 @@
 #include "support/failing_allocations.h"
 #include "support/guard_page.h"
 #include "support/pointer_to.h"
-#include "vcard/caller_memory.h"
+#include "vcard/entry_walk.h"
 #include "vcard/written_contact.h"
 
 namespace vzapi::test {

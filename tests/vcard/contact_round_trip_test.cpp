@@ -310,4 +310,16 @@ TEST(ContactLimits, AMentionOfABookmarkUndoesTheSoftBreaksOfTheCard) {
     EXPECT_NE(there_and_back(contact), contact);
 }
 
+TEST(ContactProfileOptions, TheLowHalfOfTheFirstCounts) {
+    ContactRecord record{Contact{}};
+    for (const std::uint64_t upper_half :
+         {std::uint64_t{0}, std::uint64_t{1} << 32, ~std::uint64_t{0} << 32}) {
+        OwnedText text;
+        ASSERT_EQ(
+            ConvertToVersit2(upper_half | VZ_PROFILE_10, 280, 1, VZ_TYPE_CONTACT, record.item(), &text.data),
+            VZ_OK);
+        EXPECT_NE(text.bytes().find("\r\nBDAY:\r\n"), std::string::npos) << upper_half;
+    }
+}
+
 }  // namespace

@@ -14,7 +14,7 @@ namespace vzapi::test {
 
 // A receiving device, at the newest interface version unless a test says otherwise.
 struct Profile {
-    std::uint64_t family = 0;
+    std::uint32_t family = 0;
     std::uint32_t version = 0;
     std::uint64_t third = 1;
 };

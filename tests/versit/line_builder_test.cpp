@@ -160,6 +160,8 @@ std::vector<FoldRow> fold_rows() {
         {"NOTE", x70 + "end:vcard", "NOTE:" + x70 + "=\r\n=65nd:vcard"},
         {"NOTE", x70 + "X-A;", "NOTE:" + x70 + "=\r\n=58-A;"},
         {"NOTE", x70 + "item1.TEL;HOME:1", "NOTE:" + x70 + "=\r\n=69tem1.TEL;HOME:1"},
+        {"NOTE", x70 + "nickname:", "NOTE:" + x70 + "=\r\n=6Eickname:"},  // known in UTF-16 text
+        {"NOTE", x70 + "a.NICKNAME;", "NOTE:" + x70 + "=\r\n=61.NICKNAME;"},
         {"NOTE", x70 + "X-A and no more", "NOTE:" + x70 + "=\r\nX-A and no more"},
         {"NOTE", x70 + "FOO:1", "NOTE:" + x70 + "=\r\nFOO:1"},
         {"NOTE", x70 + "=54EL:1", "NOTE:" + x70 + "=\r\n=54EL:1"},

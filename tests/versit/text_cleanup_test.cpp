@@ -39,5 +39,14 @@ TEST(TextCleanup, KeepsEverythingElseInOrder) {
     for (const Row& row : kRows) EXPECT_TRUE(clean_text(row.text) == row.expected);
 }
 
+TEST(TextCleanup, CopiesOnlyWhatChanges) {
+    for (const Row& row : kRows) {
+        std::u16string storage;
+        const std::u16string_view clean = clean_text(row.text, storage);
+        EXPECT_TRUE(clean == row.expected);
+        EXPECT_EQ(clean.data() == row.text.data(), row.text == row.expected);
+    }
+}
+
 }  // namespace
 }  // namespace vzapi::versit

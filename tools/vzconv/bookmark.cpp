@@ -9,7 +9,7 @@
 namespace vzconv {
 namespace {
 
-using Bookmark = ReadRecord<BookmarkItem, VZ_TYPE_BOOKMARK>;
+using Bookmark = ReadRecord<BookmarkItem, kBookmarkRecord>;
 
 struct Field {
     char16_t* BookmarkItem::*member;
@@ -23,8 +23,8 @@ constexpr Field kFields[] = {
     {&BookmarkItem::shortcut, "shortcut", "Shortcut"},
 };
 
-std::string show(std::string_view text) {
-    const Bookmark bookmark(text);
+std::string show(std::string_view text, const Options& options) {
+    const Bookmark bookmark(text, options.door);
     Readable readable("Bookmark");
     for (const Field& field : kFields) {
         const char16_t* value = (*bookmark).*field.member;
@@ -33,16 +33,16 @@ std::string show(std::string_view text) {
     return readable.text();
 }
 
-void to_json(std::string_view text, nlohmann::ordered_json& object) {
-    const Bookmark bookmark(text);
+void to_json(std::string_view text, const Options& options, nlohmann::ordered_json& object) {
+    const Bookmark bookmark(text, options.door);
     for (const Field& field : kFields) {
         const char16_t* value = (*bookmark).*field.member;
         if (value != nullptr) object[field.key] = utf8_from_utf16(value);
     }
 }
 
-std::string from_json(const nlohmann::json& object, const Profile& profile) {
-    JsonFields fields(object);
+std::string from_json(const JsonObject& object, const Options& options) {
+    JsonFields fields(object.fields);
     std::optional<std::u16string> values[std::size(kFields)];
     BookmarkItem item{};
     item.size = sizeof item;
@@ -51,7 +51,7 @@ std::string from_json(const nlohmann::json& object, const Profile& profile) {
         if (values[i]) item.*kFields[i].member = values[i]->data();
     }
     fields.expect_no_more();
-    return write_record(VZ_TYPE_BOOKMARK, &item, profile);
+    return write_record(kBookmarkRecord, &item, options);
 }
 
 }  // namespace

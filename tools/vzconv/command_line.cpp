@@ -6,8 +6,10 @@
 #include <new>
 #include <ostream>
 
+#include "vzconv/code_words.h"
 #include "vzconv/failure.h"
 #include "vzconv/library.h"
+#include "vzconv/versit_output.h"
 
 namespace vzconv {
 namespace {
@@ -17,22 +19,27 @@ struct CommandRow {
     const char* help;
     const char* files_help;
     Command run;
-    bool has_profile;
+    bool writes_versit;  // has --profile and --utf8
+    bool has_record_size;
 };
 
-constexpr const char* kVersitFiles = "Files with versit objects; - is standard input";
-constexpr const char* kJsonFiles = "Files with JSON objects, one a line; - is standard input";
+constexpr const char* kVersitFiles =
+    "Files with versit objects or an e-mail item, or folders of them; - is standard input";
+constexpr const char* kJsonFiles =
+    "Files with JSON objects, one a line, or folders of them; - is standard input";
 
 constexpr CommandRow kCommands[] = {
-    {"show", "Print each object for a person to read", kVersitFiles, show, false},
-    {"json", "Print each object as one line of JSON", kVersitFiles, json, false},
-    {"versit", "Print versit text for each line of JSON", kJsonFiles, versit, true},
+    {"show", "Print each object for a person to read", kVersitFiles, show, false, true},
+    {"list", "Print a line for each message, sorted by date", kVersitFiles, list, false, false},
+    {"json", "Print each object as one line of JSON", kVersitFiles, json, false, true},
+    {"versit", "Print versit text for each line of JSON", kJsonFiles, versit, true, true},
     {"check", "Print a line for each object: file, line, kind, ok or what is wrong", kVersitFiles, check,
-     false},
+     false, false},
 };
 
 constexpr const char* kDescription =
-    "Converts phone data between versit text (vCard, vCalendar, vMessage, vBookmark) and JSON.";
+    "Converts phone data between versit text (vCard, vCalendar, vMessage, vBookmark) and JSON; reads e-mail "
+    "items.";
 constexpr const char* kFooter = "Exit status: 0 all converted, 1 some failed, 2 usage.";
 
 // The parser takes an argument in brackets for a list. This character before it, which no name begins with,
@@ -72,6 +79,11 @@ std::string mistake_in(const std::vector<std::string>& arguments, const CLI::Par
     return (first.starts_with('-') ? "there is no option \"" : "there is no command \"") + first + "\"";
 }
 
+int say_mistake(const std::string& mistake, Streams streams) {
+    streams.err << "vzconv: " + mistake + "\nTry vzconv --help.\n";
+    return kUsage;
+}
+
 // What the parser throws: --help and --version ask for text, all else is a mistake.
 int answer(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& arguments,
            Streams streams) {
@@ -80,8 +92,7 @@ int answer(const CLI::App& app, const CLI::ParseError& error, const std::vector<
         if (!streams.out.flush()) throw OutputLost();
         return kAllConverted;
     }
-    streams.err << "vzconv: " + mistake_in(arguments, error) + "\nTry vzconv --help.\n";
-    return kUsage;
+    return say_mistake(mistake_in(arguments, error), streams);
 }
 
 // The option --profile, and the names that it knows below the options.
@@ -106,6 +117,33 @@ void add_profile(CLI::App& command, std::string& profile) {
     command.footer(names + "  FAMILY:VERSION              any other, such as 0x02000020:300");
 }
 
+constexpr CodeWord kDoors[] = {
+    {static_cast<uint32_t>(Door::Conversions), "conversions"},
+    {static_cast<uint32_t>(Door::Objects), "objects"},
+};
+
+// The option --via, for those who test the library.
+void add_via(CLI::App& command, std::string& via) {
+    command
+        .add_option("--via", via,
+                    "Convert by the functions of one family: conversions, the default, or objects (ODCAPI_), "
+                    "which have no profiles and no contact groups")
+        ->type_name("FAMILY")
+        ->check([](const std::string& name) {
+            return code_of(kDoors, name) ? std::string() : "there is no family \"" + name + "\"";
+        });
+}
+
+// The option --record-size, for those who test hosts that know an older record.
+void add_record_size(CLI::App& command, uint32_t& size) {
+    command
+        .add_option("--record-size", size,
+                    "Convert calendar entries by a record of 112, 128, 152 or 192 bytes")
+        ->type_name("BYTES")
+        ->check(CLI::IsMember({VZ_CALENDAR_SIZE_BASE, VZ_CALENDAR_SIZE_EXCEPTIONS,
+                               VZ_CALENDAR_SIZE_WIDE_REPEAT, VZ_CALENDAR_SIZE_TIME_ZONE}));
+}
+
 int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
     CLI::App app(kDescription, "vzconv");
     app.footer(kFooter);
@@ -116,11 +154,17 @@ int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
     app.get_formatter()->label("REQUIRED", "");
     Request request;
     std::string profile;
+    std::string via;
     for (const CommandRow& row : kCommands) {
         CLI::App* command = app.add_subcommand(row.name, row.help);
         command->group("Commands");
         command->add_option("FILE", request.files, row.files_help)->required()->type_name("");
-        if (row.has_profile) add_profile(*command, profile);
+        if (row.writes_versit) {
+            add_profile(*command, profile);
+            command->add_flag("--utf8", request.utf8, "Write messages as UTF-8, not as UTF-16 with a mark");
+        }
+        add_via(*command, via);
+        if (row.has_record_size) add_record_size(*command, request.options.calendar_record_size);
     }
     try {
         app.parse(for_parser(arguments));
@@ -128,7 +172,11 @@ int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
         return answer(app, error, arguments, streams);
     }
     remove_guards(request.files);
-    if (!profile.empty()) request.profile = profile_of(profile);
+    if (!profile.empty()) request.options.profile = profile_of(profile);
+    if (!via.empty()) request.options.door = static_cast<Door>(code_of(kDoors, via).value());
+    if (request.options.door == Door::Objects && !request.options.profile.is_none()) {
+        return say_mistake("--profile: the family \"objects\" has no profiles", streams);
+    }
     for (const CommandRow& row : kCommands) {
         if (app.got_subcommand(row.name)) return convert(row.run, request, streams);
     }

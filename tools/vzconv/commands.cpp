@@ -6,29 +6,55 @@
 #include <ostream>
 
 #include "vzconv/ascii.h"
+#include "vzconv/calendar_splitter.h"
+#include "vzconv/email_document.h"
 #include "vzconv/failure.h"
+#include "vzconv/input_files.h"
 #include "vzconv/input_text.h"
 #include "vzconv/json_fields.h"
 #include "vzconv/json_lines.h"
 #include "vzconv/kind.h"
 #include "vzconv/library.h"
 #include "vzconv/line_ends.h"
+#include "vzconv/message_list.h"
 #include "vzconv/object_splitter.h"
+#include "vzconv/unicode.h"
+#include "vzconv/versit_output.h"
 
 namespace vzconv {
 namespace {
 
-void put(std::ostream& out, std::string_view text) {
-    if (!out.write(text.data(), static_cast<std::streamsize>(text.size()))) throw OutputLost();
+using InputHandler = std::function<void(const std::string& file, const InputText& input)>;
+
+void warn_of_lost_surrogates(const std::string& file, const InputText& input, Report& report) {
+    if (input.unpaired == 0) return;
+    report.warning({file, input.unpaired_line},
+                   input.unpaired == 1 ? "half a surrogate pair is read as U+FFFD"
+                                       : "halves of surrogate pairs, " + std::to_string(input.unpaired) +
+                                             " from here on, are read as U+FFFD");
 }
 
-// The text of a file, or nothing when that failure is reported.
-std::optional<InputText> text_of(const std::string& file, std::istream& in, Report& report) {
+// What `read` gives, or nothing when its failure is reported.
+template <class Read>
+auto read_or_report(const std::string& name, Report& report, Read read) -> std::optional<decltype(read())> {
     try {
-        return read_input(file, in);
+        return read();
     } catch (const Failure& failure) {
-        report.failure({file}, {}, failure.what());
+        report.failure({name}, {}, failure.what());
         return std::nullopt;
+    }
+}
+
+// Reads the files that are asked for, one after the other.
+void for_each_input(const Request& request, Streams streams, Report& report, const InputHandler& handle) {
+    for (const std::string& name : request.files) {
+        const auto files = read_or_report(name, report, [&] { return input_files(name); });
+        for (const std::string& file : files.value_or(FileNames())) {
+            const auto input = read_or_report(file, report, [&] { return read_input(file, streams.in); });
+            if (!input) continue;
+            warn_of_lost_surrogates(file, *input, report);
+            handle(file, *input);
+        }
     }
 }
 
@@ -44,8 +70,9 @@ struct Found {
     // The text for the library, kept in `storage` where it differs from that of the file.
     std::string_view library_text(std::string& storage) const {
         if (!piece.reason.empty()) throw Failure(piece.reason);
+        if (kind->form == TextForm::Xml) return piece.text;
         const std::string_view text = with_library_line_ends(piece.text, storage);
-        return kind->is_code_page_text ? with_charset_marks(text, charset, storage) : text;
+        return kind->form == TextForm::CodePage ? with_charset_marks(text, charset, storage) : text;
     }
 };
 
@@ -55,8 +82,21 @@ void warn_of_stray_text(const std::string& file, std::size_t line, Report& repor
     report.warning({file, line}, "text outside of any object is left out");
 }
 
+// One entry of a file, on its way to `handle`.
+void hand_on(const std::string& file, const InputText& input, const Piece& entry, Report& report,
+             const ObjectHandler& handle) {
+    const Kind* kind = kind_of_object(entry.component, entry.text);
+    const Found found = {entry, kind, {file, entry.line}, input.charset};
+    if (kind != nullptr && kind->form == TextForm::Utf16 && !is_utf8(entry.text))
+        report.warning(found.place, "what is no UTF-8 is read as U+FFFD");
+    handle(found);
+}
+
 void for_each_object_of(const std::string& file, const InputText& input, Report& report,
                         const ObjectHandler& handle) {
+    if (input.is_email_item) {
+        return hand_on(file, input, {Piece::Form::Object, kEmailElement, input.text, 1, {}}, report, handle);
+    }
     ObjectSplitter splitter(input.text);
     bool has_objects = false;
     std::size_t leading_stray = 0;  // a text without any object gets one message, not two
@@ -68,16 +108,15 @@ void for_each_object_of(const std::string& file, const InputText& input, Report&
         }
         if (!has_objects && leading_stray != 0) warn_of_stray_text(file, leading_stray, report);
         has_objects = true;
-        handle({piece, kind_of_object(piece.component, piece.text), {file, piece.line}, input.charset});
+        for_each_entry(piece, [&](const Piece& entry) { hand_on(file, input, entry, report, handle); });
     }
     if (!has_objects) report.failure({file}, {}, "holds no versit object");
 }
 
 void for_each_object(const Request& request, Streams streams, Report& report, const ObjectHandler& handle) {
-    for (const std::string& file : request.files) {
-        const std::optional<InputText> text = text_of(file, streams.in, report);
-        if (text) for_each_object_of(file, *text, report, handle);
-    }
+    for_each_input(request, streams, report, [&](const std::string& file, const InputText& input) {
+        for_each_object_of(file, input, report, handle);
+    });
 }
 
 // Converts each object with `convert` and puts the result out.
@@ -94,23 +133,18 @@ void convert_each(const Request& request, Streams streams, Report& report,
     });
 }
 
-nlohmann::ordered_json json_of(const Kind& kind, std::string_view text) {
+nlohmann::ordered_json json_of(const Kind& kind, std::string_view text, const Options& options) {
     nlohmann::ordered_json object = {{"kind", kind.name}};
-    converter_of(kind).to_json(text, object);
+    kind.converter->to_json(text, options, object);
     return object;
 }
 
-// What `check` has to say of one object; throws Failure when it is not as it should be.
-std::string verdict_on(const Found& found) {
+// Throws Failure when an object is not as it should be.
+void check_object(const Found& found, const Options& options) {
     std::string storage;
     const std::string_view text = found.library_text(storage);
-    validate(found.kind->type, text);
-    if (found.kind->converter == nullptr) {
-        return "ok as far as its BEGIN and END go: this version does not convert " +
-               std::string(found.kind->plural) + " yet";
-    }
-    json_of(*found.kind, text);
-    return "ok";
+    validate(found.kind->record, text, options.door);
+    json_of(*found.kind, text, options);
 }
 
 const Kind& kind_of_json(const nlohmann::json& object) {
@@ -124,11 +158,11 @@ const Kind& kind_of_json(const nlohmann::json& object) {
 
 // Some values cannot be said in versit text: a title with a CR LF in it, for one, ends where the line does.
 // Whoever writes such a value hears of it.
-void warn_of_losses(const Kind& kind, const nlohmann::json& fields, std::string_view text, const Place& place,
-                    Report& report) {
+void warn_of_losses(const Kind& kind, const nlohmann::json& fields, std::string_view text,
+                    const Options& options, const Place& place, Report& report) {
     nlohmann::json again;
     try {
-        again = nlohmann::json(json_of(kind, text));
+        again = nlohmann::json(json_of(kind, text, options));
     } catch (const Failure& failure) {
         report.warning(place, std::string("the text written cannot be read again: ") + failure.what());
         return;
@@ -141,20 +175,21 @@ void warn_of_losses(const Kind& kind, const nlohmann::json& fields, std::string_
     }
 }
 
-void convert_json_line(std::string_view line, const Profile& profile, const Place& place, std::ostream& out,
+void convert_json_line(std::string_view line, const Options& options, const Place& place, VersitOutput& out,
                        Report& report) {
     std::string_view kind_name;
     try {
-        nlohmann::json fields = object_of_line(line);
-        const Kind& kind = kind_of_json(fields);
+        JsonObject object = object_of_line(line);
+        const Kind& kind = kind_of_json(object.fields);
         kind_name = kind.name;
-        fields.erase("kind");
-        const std::string text = converter_of(kind).from_json(fields, profile);
-        put(out, text);
+        object.fields.erase("kind");
+        const std::string text = kind.converter->from_json(object, options);
+        out.put_object(kind, text);
         // What a profile adds and leaves out it does on purpose: losses are those of the plain form.
-        warn_of_losses(kind, fields,
-                       profile.is_none() ? text : converter_of(kind).from_json(fields, Profile{}), place,
-                       report);
+        const Options plain = {Profile{}, options.calendar_record_size, options.door};
+        warn_of_losses(kind, object.fields,
+                       options.profile.is_none() ? text : kind.converter->from_json(object, plain), plain,
+                       place, report);
     } catch (const Failure& failure) {
         report.failure(place, kind_name, failure.what());
     }
@@ -164,39 +199,59 @@ void convert_json_line(std::string_view line, const Profile& profile, const Plac
 
 void show(const Request& request, Streams streams, Report& report) {
     bool is_first = true;
-    convert_each(request, streams, report, [&is_first](const Kind& kind, std::string_view text) {
-        const std::string shown = converter_of(kind).show(text);
+    convert_each(request, streams, report, [&](const Kind& kind, std::string_view text) {
+        const std::string shown = kind.converter->show(text, request.options);
         const std::string_view gap = is_first ? "" : "\n";
         is_first = false;
         return std::string(gap) + shown;
     });
 }
 
+void list(const Request& request, Streams streams, Report& report) {
+    MessageList messages;
+    std::string storage;
+    for_each_object(request, streams, report, [&](const Found& found) {
+        try {
+            const std::string_view text = found.library_text(storage);
+            if (found.kind->record.object != VZ_OBJECT_MESSAGE) {
+                report.warning(found.place, std::string(found.kind->plural) + " are left out");
+                return;
+            }
+            const ReadRecord<MessageItem, kMessageRecord> message(text, request.options.door);
+            messages.add(*message, in_words(found.place));
+        } catch (const Failure& failure) {
+            report.failure(found.place, found.kind_name(), failure.what());
+        }
+    });
+    put(streams.out, messages.text());
+}
+
 void json(const Request& request, Streams streams, Report& report) {
-    convert_each(request, streams, report,
-                 [](const Kind& kind, std::string_view text) { return line_of_object(json_of(kind, text)); });
+    convert_each(request, streams, report, [&](const Kind& kind, std::string_view text) {
+        return line_of_object(json_of(kind, text, request.options));
+    });
 }
 
 void versit(const Request& request, Streams streams, Report& report) {
-    for (const std::string& file : request.files) {
-        const std::optional<InputText> text = text_of(file, streams.in, report);
-        if (!text) continue;
+    VersitOutput out(streams.out, request.utf8);
+    for_each_input(request, streams, report, [&](const std::string& file, const InputText& input) {
         bool has_objects = false;
-        TextLines lines(text->text);
+        TextLines lines(input.text);
         for (TextLine line; lines.next(line);) {
             if (trimmed(line.text).empty()) continue;
             has_objects = true;
-            convert_json_line(line.text, request.profile, {file, line.number}, streams.out, report);
+            convert_json_line(line.text, request.options, {file, line.number}, out, report);
         }
         if (!has_objects) report.failure({file}, {}, "holds no JSON object");
-    }
+    });
 }
 
 void check(const Request& request, Streams streams, Report& report) {
     for_each_object(request, streams, report, [&](const Found& found) {
         std::string line = in_words(found.place) + ": " + std::string(found.kind_name()) + ": ";
         try {
-            line += verdict_on(found);
+            check_object(found, request.options);
+            line += "ok";
         } catch (const Failure& failure) {
             report.count_failure();
             line += failure.what();

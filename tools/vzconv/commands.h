@@ -2,11 +2,10 @@
 #pragma once
 
 #include <iosfwd>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "vzconv/profile.h"
+#include "vzconv/options.h"
 #include "vzconv/report.h"
 
 namespace vzconv {
@@ -17,23 +16,21 @@ struct Streams {
     std::ostream& err;
 };
 
-// Thrown when standard output takes no more: the disk is full, or whoever read it has gone.
-class OutputLost : public std::runtime_error {
-public:
-    OutputLost() : std::runtime_error("standard output cannot be written") {}
-};
-
 using FileNames = std::vector<std::string>;
 
 // What the arguments of the program ask for.
 struct Request {
-    FileNames files;
-    Profile profile;  // looked at by versit
+    FileNames files;  // and folders, which stand for the files in them
+    Options options;
+    bool utf8 = false;  // messages are written as UTF-8 too
 };
 
 using Command = void (*)(const Request& request, Streams streams, Report& report);
 
 void show(const Request& request, Streams streams, Report& report);
+// Messages only, sorted by date; anything else is left out with a warning.
+void list(const Request& request, Streams streams, Report& report);
+
 void json(const Request& request, Streams streams, Report& report);
 void versit(const Request& request, Streams streams, Report& report);
 void check(const Request& request, Streams streams, Report& report);

@@ -8,21 +8,21 @@
 namespace vzconv {
 namespace {
 
-using Contact = ReadRecord<ContactItem, VZ_TYPE_CONTACT>;
+using Contact = ReadRecord<ContactItem, kContactRecord>;
 
-std::string show(std::string_view text) {
-    return show_contact(*Contact(text));
+std::string show(std::string_view text, const Options& options) {
+    return show_contact(*Contact(text, options.door));
 }
 
-void to_json(std::string_view text, nlohmann::ordered_json& object) {
-    put_contact(*Contact(text), object);
+void to_json(std::string_view text, const Options& options, nlohmann::ordered_json& object) {
+    put_contact(*Contact(text, options.door), object);
 }
 
-std::string from_json(const nlohmann::json& fields, const Profile& profile) {
+std::string from_json(const JsonObject& object, const Options& options) {
     ContactRecord record;
-    take_contact(fields, record);
+    take_contact(object.fields, record);
     const ContactItem item = record.item();
-    return write_record(VZ_TYPE_CONTACT, &item, profile);
+    return write_record(kContactRecord, &item, options);
 }
 
 // An array of one value, an empty list or a "preferred" that is false are said otherwise by to_json.

@@ -15,45 +15,10 @@ std::string in_quotes(std::string_view word) {
     return json(word).dump();
 }
 
-// "private, public, none", for messages.
-std::string words_in_line(std::span<const CodeWord> words) {
-    std::string line;
-    for (const CodeWord& row : words) line += (line.empty() ? "" : ", ") + std::string(row.word);
-    return line;
-}
-
-uint32_t code_in(std::span<const CodeWord> words, const json& value, const std::string& name) {
-    if (!value.is_string()) refuse_type(name, "a string", value);
-    const std::optional<uint32_t> code = code_of(words, value.get_ref<const std::string&>());
-    if (!code) throw Failure(name + " must be one of " + words_in_line(words) + ", not " + value.dump());
-    return *code;
-}
-
-ContactValue number_in(const json& value, const std::string& name) {
-    constexpr uint64_t kLargest = 0xFFFFFFFF;
-    if (!value.is_number()) refuse_type(name, "a number", value);
-    if (!value.is_number_unsigned() || value.get<uint64_t>() > kLargest) {
-        throw Failure(name + " must be a whole number from 0 to 4294967295, not " + value.dump());
-    }
-    ContactValue number{};
-    number.number = value.get<uint64_t>();
-    return number;
-}
-
-ContactValue code_value(uint32_t code) {
+ContactValue number_value(uint32_t number) {
     ContactValue value{};
-    value.number = code;
+    value.number = number;
     return value;
-}
-
-const json& object_in(const json& value, const std::string& name) {
-    if (!value.is_object()) refuse_type(name, "an object", value);
-    return value;
-}
-
-// The path of what stands inside `name`, a name in quotation marks.
-std::string inside(const std::string& name) {
-    return json::parse(name).get<std::string>() + ".";
 }
 
 // Puts the values of a JSON object into a record.
@@ -113,11 +78,11 @@ private:
     ContactValue value_in(const ContactWord& word, const json& value, const std::string& name) {
         switch (word.kind) {
             case ContactValueKind::Class:
-                return code_value(code_in(class_words(), value, name));
+                return number_value(code_in(class_words(), value, name));
             case ContactValueKind::Gender:
-                return code_value(code_in(gender_words(), value, name));
+                return number_value(code_in(gender_words(), value, name));
             case ContactValueKind::Number:
-                return number_in(value, name);
+                return number_value(number_in(value, name));
             case ContactValueKind::Date:
                 return date_in(value, name);
             case ContactValueKind::Photo:

@@ -15,7 +15,7 @@
 namespace vzconv {
 namespace {
 
-using Group = ReadRecord<ContactGroupItem, VZ_TYPE_CONTACT_GROUP>;
+using Group = ReadRecord<ContactGroupItem, kContactGroupRecord>;
 
 bool is_filled(const ContactGroupMember& member) {
     return member.size == sizeof member && member.idLength == VZ_GROUP_MEMBER_ID_LENGTH;
@@ -43,8 +43,8 @@ uint32_t unread_members_of(const ContactGroupItem& group) {
     return unread;
 }
 
-std::string show(std::string_view text) {
-    const Group group(text);
+std::string show(std::string_view text, const Options& options) {
+    const Group group(text, options.door);
     std::string members;
     for (const std::string& id : member_ids_of(*group)) members += (members.empty() ? "" : ", ") + id;
     Readable readable("Contact group");
@@ -56,8 +56,8 @@ std::string show(std::string_view text) {
     return readable.text();
 }
 
-void to_json(std::string_view text, nlohmann::ordered_json& object) {
-    const Group group(text);
+void to_json(std::string_view text, const Options& options, nlohmann::ordered_json& object) {
+    const Group group(text, options.door);
     const std::string name = text_of(group->groupName);
     if (!name.empty()) object["name"] = name;
     object["members"] = member_ids_of(*group);
@@ -99,8 +99,8 @@ void take_unread(JsonFields& fields) {
     }
 }
 
-std::string from_json(const nlohmann::json& object, const Profile& profile) {
-    JsonFields fields(object);
+std::string from_json(const JsonObject& object, const Options& options) {
+    JsonFields fields(object.fields);
     std::optional<std::u16string> name = fields.text("name");
     std::vector<MemberId> ids = ids_in(fields);
     take_unread(fields);
@@ -112,7 +112,7 @@ std::string from_json(const nlohmann::json& object, const Profile& profile) {
     if (name) group.groupName = name->data();
     group.memberCount = static_cast<uint32_t>(members.size());
     group.members = members.data();
-    return write_record(VZ_TYPE_CONTACT_GROUP, &group, profile);
+    return write_record(kContactGroupRecord, &group, options);
 }
 
 // Numbers without leading zeros, as to_json says them; an empty name is none, for a group always has its line.

@@ -9,6 +9,7 @@
 
 #include "vzapi/contact.h"
 #include "vzconv/contact_words.h"
+#include "vzconv/unicode.h"
 
 namespace vzconv {
 
@@ -22,9 +23,6 @@ struct AddressPart {
 
 // The members of a postal address, in the order of ADR.
 std::span<const AddressPart> address_parts();
-
-// UTF-8 of a record's string; null is empty.
-std::string text_of(const char16_t* text);
 
 // "1980-02-29", with "T12:30:00" behind it when the time is another than midnight.
 std::string iso_date_of(const ContactDate& date);

@@ -91,12 +91,6 @@ constexpr auto make_index() {
 }
 constexpr auto kIndex = make_index();
 
-constexpr CodeWord kClassWords[] = {
-    {VZ_CLASS_PRIVATE, "private"},
-    {VZ_CLASS_PUBLIC, "public"},
-    {VZ_CLASS_NONE, "none"},
-};
-
 constexpr CodeWord kGenderWords[] = {
     {VZ_GENDER_MALE, "male"},
     {VZ_GENDER_FEMALE, "female"},
@@ -128,30 +122,12 @@ const ContactWord* contact_word_of(ContactList list, std::string_view word) {
     return nullptr;
 }
 
-std::span<const CodeWord> class_words() {
-    return kClassWords;
-}
-
 std::span<const CodeWord> gender_words() {
     return kGenderWords;
 }
 
 std::span<const CodeWord> messaging_words() {
     return kMessagingWords;
-}
-
-std::string_view word_of(std::span<const CodeWord> words, uint32_t code) {
-    for (const CodeWord& row : words) {
-        if (row.code == code) return row.word;
-    }
-    return {};
-}
-
-std::optional<uint32_t> code_of(std::span<const CodeWord> words, std::string_view word) {
-    for (const CodeWord& row : words) {
-        if (row.word == word) return row.code;
-    }
-    return std::nullopt;
 }
 
 }  // namespace vzconv

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string_view>
+
+#include "vzconv/code_words.h"
 
 namespace vzconv {
 
@@ -35,19 +36,7 @@ const ContactWord* contact_word_of(uint32_t id);
 // The row of an entry's "type". Null: no field of that list has the word.
 const ContactWord* contact_word_of(ContactList list, std::string_view word);
 
-// A number in a record and the word that JSON has for it.
-struct CodeWord {
-    uint32_t code;
-    std::string_view word;
-};
-
-std::span<const CodeWord> class_words();
 std::span<const CodeWord> gender_words();
 std::span<const CodeWord> messaging_words();  // the kind 0, none, has no word
-
-// Empty: the code has no word.
-std::string_view word_of(std::span<const CodeWord> words, uint32_t code);
-
-std::optional<uint32_t> code_of(std::span<const CodeWord> words, std::string_view word);
 
 }  // namespace vzconv

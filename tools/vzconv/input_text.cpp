@@ -4,11 +4,14 @@
 #include <filesystem>
 #include <fstream>
 #include <istream>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
+#include "vzconv/email_document.h"
 #include "vzconv/failure.h"
+#include "vzconv/text_lines.h"
 #include "vzconv/unicode.h"
 
 namespace vzconv {
@@ -47,7 +50,7 @@ std::string read_file(const std::string& name) {
 
 enum class Order { LittleEndian, BigEndian };
 
-InputText utf8_of_units(std::string_view bytes, Order order) {
+std::u16string units_of(std::string_view bytes, Order order) {
     std::u16string units;
     units.reserve(bytes.size() / 2 + 1);
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
@@ -57,13 +60,68 @@ InputText utf8_of_units(std::string_view bytes, Order order) {
             static_cast<char16_t>(order == Order::LittleEndian ? first | second << 8 : first << 8 | second));
     }
     if (bytes.size() % 2 != 0) units.push_back(u'\xFFFD');
-    return {utf8_from_utf16(units), TextCharset::Utf8};
+    return units;
+}
+
+// The number, from 1, of the line that stands behind `text`.
+std::size_t line_behind(std::string_view text) {
+    TextLines lines(text);
+    TextLine line{};
+    while (lines.next(line)) {
+    }
+    return line.ending.empty() && !text.empty() ? line.number : line.number + 1;
+}
+
+// Takes away the byte order marks inside `text` that stand in front of an object.
+void remove_inner_marks(std::string& text) {
+    constexpr std::string_view kMarkedBegin =
+        "\xEF\xBB\xBF"
+        "BEGIN:";
+    constexpr std::size_t kMarkSize = 3;
+    std::size_t at = text.find(kMarkedBegin);
+    if (at == std::string::npos) return;
+    std::string kept;
+    std::size_t copied = 0;
+    for (; at != std::string::npos; at = text.find(kMarkedBegin, at + 1)) {
+        if (at != 0 && text[at - 1] != '\n' && text[at - 1] != '\r') continue;
+        kept.append(text, copied, at - copied);
+        copied = at + kMarkSize;
+    }
+    text = kept.append(text, copied);
+}
+
+InputText text_of_units(std::string_view bytes, Order order) {
+    const std::u16string units = units_of(bytes, order);
+    InputText input;
+    input.text = utf8_from_utf16(units);
+    input.charset = TextCharset::Utf8;
+    input.unpaired = unpaired_surrogates_in(units);
+    if (input.unpaired != 0) {
+        const std::u16string_view before(units.data(), first_unpaired_surrogate(units));
+        input.unpaired_line = line_behind(utf8_from_utf16(before));
+    }
+    remove_inner_marks(input.text);
+    return input;
 }
 
 // Versit text begins with ASCII characters: in UTF-16 every second byte of them is zero.
 bool has_zero_halves(std::string_view bytes, std::size_t zero) {
     if (bytes.size() < 4) return false;
     return bytes[zero] == 0 && bytes[zero + 2] == 0 && bytes[1 - zero] != 0 && bytes[3 - zero] != 0;
+}
+
+// The text of what is in some Unicode form by its first bytes.
+std::optional<InputText> unicode_text_of(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xFE")) return text_of_units(bytes.substr(2), Order::LittleEndian);
+    if (bytes.starts_with("\xFE\xFF")) return text_of_units(bytes.substr(2), Order::BigEndian);
+    if (has_zero_halves(bytes, 1)) return text_of_units(bytes, Order::LittleEndian);
+    if (has_zero_halves(bytes, 0)) return text_of_units(bytes, Order::BigEndian);
+    if (!bytes.starts_with("\xEF\xBB\xBF")) return std::nullopt;
+    InputText input;
+    input.text = bytes.substr(3);
+    input.charset = TextCharset::Utf8;
+    remove_inner_marks(input.text);
+    return input;
 }
 
 }  // namespace
@@ -73,13 +131,12 @@ InputText read_input(const std::string& name, std::istream& standard_input) {
 }
 
 InputText eight_bit_text(std::string bytes) {
-    const std::string_view view = bytes;
-    if (view.starts_with("\xFF\xFE")) return utf8_of_units(view.substr(2), Order::LittleEndian);
-    if (view.starts_with("\xFE\xFF")) return utf8_of_units(view.substr(2), Order::BigEndian);
-    if (has_zero_halves(view, 1)) return utf8_of_units(view, Order::LittleEndian);
-    if (has_zero_halves(view, 0)) return utf8_of_units(view, Order::BigEndian);
-    if (view.starts_with("\xEF\xBB\xBF")) return {bytes.substr(3), TextCharset::Utf8};
-    return {std::move(bytes), TextCharset::Unknown};
+    std::optional<InputText> unicode = unicode_text_of(bytes);
+    InputText input;
+    input.is_email_item = is_email_document(unicode ? unicode->text : bytes);
+    if (unicode && !input.is_email_item) return *std::move(unicode);
+    input.text = std::move(bytes);
+    return input;
 }
 
 }  // namespace vzconv

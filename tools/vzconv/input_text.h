@@ -1,6 +1,7 @@
 // What a file holds, as the text that the rest of the tool works on.
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <string>
 
@@ -9,8 +10,12 @@
 namespace vzconv {
 
 struct InputText {
-    std::string text;
+    std::string text;  // of an e-mail item the bytes of the file
     TextCharset charset = TextCharset::Unknown;
+    bool is_email_item = false;
+    // Unpaired surrogates of UTF-16, which UTF-8 cannot say: U+FFFD stands in their place.
+    std::size_t unpaired = 0;
+    std::size_t unpaired_line = 0;  // of the first one
 };
 
 // Reads the file `name` (UTF-8), or `standard_input` to its end when the name is "-", and brings it to 8-bit
@@ -18,8 +23,9 @@ struct InputText {
 InputText read_input(const std::string& name, std::istream& standard_input);
 
 // UTF-16 text, which a byte order mark or the zero halves of its first two units tell, becomes UTF-8. Any
-// other text keeps its bytes, whose charset its own lines may name; a UTF-8 byte order mark goes, but is
-// remembered.
+// other text keeps its bytes, whose charset its own lines may name. A byte order mark goes, but is
+// remembered; so do those in front of further objects, which stand there when files were joined. An e-mail
+// item, whose document says its charset itself, is left as it is.
 InputText eight_bit_text(std::string bytes);
 
 }  // namespace vzconv

@@ -60,6 +60,33 @@ std::u16string record_text_of(const nlohmann::json& value, const std::string& na
     return utf16_from_utf8(text);
 }
 
+uint32_t code_in(std::span<const CodeWord> words, const nlohmann::json& value, const std::string& name) {
+    if (!value.is_string()) refuse_type(name, "a string", value);
+    const std::optional<uint32_t> code = code_of(words, value.get_ref<const std::string&>());
+    if (code) return *code;
+    std::string line;
+    for (const CodeWord& row : words) line += (line.empty() ? "" : ", ") + std::string(row.word);
+    throw Failure(name + " must be one of " + line + ", not " + value.dump());
+}
+
+uint32_t number_in(const nlohmann::json& value, const std::string& name) {
+    constexpr uint64_t kLargest = 0xFFFFFFFF;
+    if (!value.is_number()) refuse_type(name, "a number", value);
+    if (!value.is_number_unsigned() || value.get<uint64_t>() > kLargest) {
+        throw Failure(name + " must be a whole number from 0 to 4294967295, not " + value.dump());
+    }
+    return static_cast<uint32_t>(value.get<uint64_t>());
+}
+
+const nlohmann::json& object_in(const nlohmann::json& value, const std::string& name) {
+    if (!value.is_object()) refuse_type(name, "an object", value);
+    return value;
+}
+
+std::string inside(const std::string& name) {
+    return nlohmann::json::parse(name).get<std::string>() + ".";
+}
+
 void refuse_type(const std::string& name, const char* wanted, const nlohmann::json& value) {
     throw Failure(name + " must be " + wanted + ", not " + type_in_words(value));
 }

@@ -1,10 +1,14 @@
 // The fields of a JSON object on their way into a record.
 #pragma once
 
+#include <cstdint>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
+
+#include "vzconv/code_words.h"
 
 namespace vzconv {
 
@@ -20,6 +24,9 @@ public:
 
     // The field whatever it is; null when there is none.
     const nlohmann::json* find(const char* key);
+
+    // Whether the object has the field.
+    bool has(const char* key) const { return object_.contains(key); }
 
     // A string as UTF-16 text for a record. Throws Failure also when it holds a NUL, where a record's string
     // would end.
@@ -48,6 +55,17 @@ private:
 
 // `value` as UTF-16 text for a record; `name` is for messages.
 std::u16string record_text_of(const nlohmann::json& value, const std::string& name);
+
+// The code of a word; throws Failure, with the words that there are, when `value` is none of them.
+uint32_t code_in(std::span<const CodeWord> words, const nlohmann::json& value, const std::string& name);
+
+// A whole number from 0 to 4294967295.
+uint32_t number_in(const nlohmann::json& value, const std::string& name);
+
+const nlohmann::json& object_in(const nlohmann::json& value, const std::string& name);
+
+// The place, for JsonFields, of what stands inside `name`, which is in quotation marks.
+std::string inside(const std::string& name);
 
 // "NAME must be WANTED, not a number" and the like.
 [[noreturn]] void refuse_type(const std::string& name, const char* wanted, const nlohmann::json& value);

@@ -1,6 +1,7 @@
 #include "vzconv/json_lines.h"
 
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "vzconv/failure.h"
@@ -16,12 +17,18 @@ public:
         using Event = nlohmann::json::parse_event_t;
         if (event == Event::object_start) open_.emplace_back();
         if (event == Event::object_end) open_.pop_back();
-        if (event == Event::key && !open_.back().insert(parsed.get<std::string>()).second) {
+        if (event != Event::key) return;
+        const auto& key = parsed.get_ref<const std::string&>();
+        if (!open_.back().insert(key).second)
             throw Failure("the key " + parsed.dump() + " stands there twice");
-        }
+        if (open_.size() == 1) keys_.push_back(key);
     }
 
+    // Those of the outermost object, in the order of the line.
+    std::vector<std::string> keys() && { return std::move(keys_); }
+
 private:
+    std::vector<std::string> keys_;
     std::vector<std::set<std::string>> open_;
 };
 
@@ -37,7 +44,7 @@ std::string detail_of(const nlohmann::json::parse_error& error) {
 
 }  // namespace
 
-nlohmann::json object_of_line(std::string_view line) {
+JsonObject object_of_line(std::string_view line) {
     nlohmann::json object;
     FieldNames names;
     try {
@@ -53,7 +60,7 @@ nlohmann::json object_of_line(std::string_view line) {
         throw Failure(std::string("no JSON: ") + error.what());
     }
     if (!object.is_object()) throw Failure("must be a JSON object, not " + type_in_words(object));
-    return object;
+    return {std::move(object), std::move(names).keys()};
 }
 
 std::string line_of_object(const nlohmann::ordered_json& object) {

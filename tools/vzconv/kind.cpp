@@ -1,11 +1,13 @@
 #include "vzconv/kind.h"
 
-#include "vzapi/vzapi.h"
 #include "vzconv/ascii.h"
 #include "vzconv/bookmark.h"
+#include "vzconv/calendar.h"
 #include "vzconv/contact.h"
 #include "vzconv/contact_group.h"
-#include "vzconv/failure.h"
+#include "vzconv/email.h"
+#include "vzconv/email_document.h"
+#include "vzconv/message.h"
 #include "vzconv/text_lines.h"
 
 namespace vzconv {
@@ -13,11 +15,14 @@ namespace {
 
 // Of the kinds that share a component, the one with a sign stands first.
 constexpr Kind kKinds[] = {
-    {VZ_TYPE_CONTACT_GROUP, true, "group", "contact groups", "VCARD", "X-CNTGRP", &kContactGroupConverter},
-    {VZ_TYPE_CONTACT, true, "contact", "contacts", "VCARD", "", &kContactConverter},
-    {VZ_TYPE_CALENDAR, true, "calendar entry", "calendar entries", "VCALENDAR", "", nullptr},
-    {VZ_TYPE_MESSAGE, false, "message", "messages", "VMSG", "", nullptr},
-    {VZ_TYPE_BOOKMARK, false, "bookmark", "bookmarks", "VBKM", "", &kBookmarkConverter},
+    {kContactGroupRecord, TextForm::CodePage, "group", "contact groups", "VCARD", "X-CNTGRP",
+     &kContactGroupConverter},
+    {kContactRecord, TextForm::CodePage, "contact", "contacts", "VCARD", "", &kContactConverter},
+    {kCalendarRecord, TextForm::CodePage, "calendar entry", "calendar entries", "VCALENDAR", "",
+     &kCalendarConverter},
+    {kMessageRecord, TextForm::Utf16, "message", "messages", "VMSG", "", &kMessageConverter},
+    {kBookmarkRecord, TextForm::CodePage, "bookmark", "bookmarks", "VBKM", "", &kBookmarkConverter},
+    {kEmailRecord, TextForm::Xml, "e-mail item", "e-mail items", kEmailElement, "", &kEmailConverter},
 };
 
 bool has_property(std::string_view text, std::string_view name) {
@@ -49,13 +54,6 @@ const Kind* kind_of_name(std::string_view name) {
         if (kind.name == name) return &kind;
     }
     return nullptr;
-}
-
-const Converter& converter_of(const Kind& kind) {
-    if (kind.converter == nullptr) {
-        throw Failure("this version does not convert " + std::string(kind.plural) + " yet");
-    }
-    return *kind.converter;
 }
 
 }  // namespace vzconv

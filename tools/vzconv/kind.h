@@ -7,7 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "vzconv/profile.h"
+#include "vzconv/json_object.h"
+#include "vzconv/library.h"
+#include "vzconv/options.h"
 
 namespace vzconv {
 
@@ -15,24 +17,31 @@ namespace vzconv {
 // every kind. Each throws Failure.
 struct Converter {
     // For a person.
-    std::string (*show)(std::string_view text);
+    std::string (*show)(std::string_view text, const Options& options);
     // Adds its fields, named in words, to `object`; an absent one is missing.
-    void (*to_json)(std::string_view text, nlohmann::ordered_json& object);
-    // The text for the object's fields, in the form for the device of that profile; "kind" is taken away. Every
-    // field counts or is refused.
-    std::string (*from_json)(const nlohmann::json& fields, const Profile& profile);
+    void (*to_json)(std::string_view text, const Options& options, nlohmann::ordered_json& object);
+    // The text for the object's fields, in the form for the device of the profile; "kind" is taken away.
+    // Every field counts or is refused.
+    std::string (*from_json)(const JsonObject& object, const Options& options);
     // The fields as to_json would say them. Null: there is one way only.
     nlohmann::json (*plain_form)(const nlohmann::json& fields);
 };
 
+// What the text of an object is made of.
+enum class TextForm : uint8_t {
+    CodePage,  // bytes: a line without CHARSET is in the system's code page
+    Utf16,     // units; UTF-8 where a file has it as bytes
+    Xml,       // bytes in a charset that the document itself names
+};
+
 struct Kind {
-    uint32_t type;               // VZ_TYPE_...
-    bool is_code_page_text;      // whether a line without CHARSET is in the system's code page
+    RecordType record;
+    TextForm form;
     std::string_view name;       // in JSON and in messages
     std::string_view plural;     // in messages
     std::string_view component;  // what its text begins and ends with
     std::string_view sign;  // the property that tells it from the other kind with this component, or empty
-    const Converter* converter;  // null: the library does not convert this kind
+    const Converter* converter;
 };
 
 std::span<const Kind> kinds();
@@ -41,8 +50,5 @@ std::span<const Kind> kinds();
 const Kind* kind_of_object(std::string_view component, std::string_view text);
 
 const Kind* kind_of_name(std::string_view name);
-
-// The converter of `kind`; throws Failure when there is none.
-const Converter& converter_of(const Kind& kind);
 
 }  // namespace vzconv

@@ -1,9 +1,9 @@
 #include "vzconv/object_splitter.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "vzconv/ascii.h"
+#include "vzconv/marker.h"
 
 namespace vzconv {
 namespace {
@@ -14,11 +14,13 @@ struct Component {
     bool holds_objects;  // whether other such components may stand inside
 };
 
+constexpr std::string_view kMessage = "VMSG";
+
 constexpr Component kComponents[] = {
     {"VBKM", false},
     {"VCARD", false},  // but for the card of an agent
     {"VCALENDAR", false},
-    {"VMSG", true},  // the cards of sender and recipients, and whatever its body quotes
+    {kMessage, true},  // the cards of sender and recipients, and whatever its body quotes
 };
 
 const Component* component_of(std::string_view name) {
@@ -26,39 +28,6 @@ const Component* component_of(std::string_view name) {
         if (equal_ignoring_case(component.name, name)) return &component;
     }
     return nullptr;
-}
-
-struct Marker {
-    bool begins;
-    std::string_view name;
-};
-
-// Names are of letters, digits and '-': "begin: all rooms, at 5" is a line of a letter.
-bool is_component_name(std::string_view name) {
-    constexpr std::size_t kLongest = 40;
-    if (name.empty() || name.size() > kLongest) return false;
-    return std::all_of(name.begin(), name.end(), [](char c) {
-        return (upper(c) >= 'A' && upper(c) <= 'Z') || (c >= '0' && c <= '9') || c == '-';
-    });
-}
-
-// The marker that `line` is: BEGIN or END, a colon and a name, with blanks around the two.
-std::optional<Marker> marker_of(std::string_view line) {
-    constexpr std::size_t kLongestWord = 20;  // blanks included; keeps the search short in long lines
-    const std::size_t colon = line.substr(0, kLongestWord).find(':');
-    if (colon == std::string_view::npos) return std::nullopt;
-    const std::string_view word = trimmed(line.substr(0, colon));
-    const std::string_view name = trimmed(line.substr(colon + 1));
-    if (!is_component_name(name)) return std::nullopt;
-    if (equal_ignoring_case(word, "BEGIN")) return Marker{true, name};
-    if (equal_ignoring_case(word, "END")) return Marker{false, name};
-    return std::nullopt;
-}
-
-// A line that begins with a blank continues the line before it and is no marker of the object it stands in.
-std::optional<Marker> marker_inside(std::string_view line) {
-    if (line.empty() || is_blank(line.front())) return std::nullopt;
-    return marker_of(line);
 }
 
 // NUL counts: devices pad their files with it.
@@ -89,8 +58,19 @@ bool is_empty_agent(std::string_view line) {
     return is_agent(line) && trimmed(line).back() == ':';
 }
 
-std::string missing_end(std::string_view component, const std::string& before) {
-    return "no END:" + std::string(component) + " before " + before;
+bool is_body_marker(std::string_view line, bool begins) {
+    const std::optional<Marker> marker = marker_inside(line);
+    return marker && marker->begins == begins && equal_ignoring_case(marker->name, "VBODY");
+}
+
+// Where the body ends whose first line is the next of `lines`: at the last END:VBODY in front of the next
+// body, as a message may quote one. Nothing when it has none.
+std::optional<std::size_t> end_of_body(TextLines lines) {
+    std::optional<std::size_t> end;
+    for (TextLine line; lines.next(line) && !is_body_marker(line.text, true);) {
+        if (is_body_marker(line.text, false)) end = line.begin;
+    }
+    return end;
 }
 
 // What the lines of an open object say about where it ends.
@@ -99,6 +79,11 @@ public:
     OpenObject(std::string_view name, const Component* component) : name_(name), component_(component) {}
 
     enum class Step { Inside, Last, Interrupted };
+
+    // Whether `line` begins the text of a message, in which lines are text and nothing else.
+    bool begins_body(std::string_view line) const {
+        return component_ != nullptr && component_->name == kMessage && is_body_marker(line, true);
+    }
 
     Step look_at(std::string_view line) {
         const std::optional<Marker> marker = marker_inside(line);
@@ -167,12 +152,18 @@ bool ObjectSplitter::next_line() {
     return lines_.next(line_);
 }
 
+void ObjectSplitter::skip_to(std::optional<std::size_t> place) {
+    TextLines ahead = lines_;
+    for (TextLine line; place && ahead.next(line) && line.begin < *place;) lines_ = ahead;
+}
+
 void ObjectSplitter::rest_of_object(Piece& piece, std::size_t begin) {
     const bool is_known = piece.form == Piece::Form::Object;
     if (!is_known) piece.reason = "no kind of object that vzconv knows";
     OpenObject object(piece.component, component_of(piece.component));
     while (next_line()) {
         const OpenObject::Step step = object.look_at(line_.text);
+        if (object.begins_body(line_.text)) skip_to(end_of_body(lines_));
         if (step == OpenObject::Step::Inside) continue;
         std::size_t end = line_.begin;
         if (step == OpenObject::Step::Last) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,7 +27,8 @@ struct Piece {
 
 // Walks a text in one pass. The components that begin an object are VBKM, VCARD, VCALENDAR and VMSG, at the
 // start of a line, in any case; other components inside them are part of the object. An object whose END is
-// missing lasts until a BEGIN that cannot stand inside it, so that those behind it are found.
+// missing lasts until a BEGIN that cannot stand inside it, so that those behind it are found. In the text of
+// a message, up to the END:VBODY that closes it, no line counts.
 class ObjectSplitter {
 public:
     explicit ObjectSplitter(std::string_view text) : text_(text), lines_(text) {}
@@ -36,6 +38,7 @@ public:
 
 private:
     bool next_line();
+    void skip_to(std::optional<std::size_t> place);  // goes on with the line that stands there
     void rest_of_object(Piece& piece, std::size_t begin);
     void rest_of_stray(Piece& piece, std::size_t begin);
 

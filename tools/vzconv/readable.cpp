@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "vzconv/ascii.h"
+
 namespace vzconv {
 namespace {
 
@@ -39,12 +41,32 @@ void append_value(std::string& out, std::string_view value, std::size_t column) 
     }
 }
 
+bool is_space(char c) {
+    return is_blank(c) || c == '\n' || c == '\r';
+}
+
 }  // namespace
+
+std::string in_one_line(std::string_view value) {
+    std::string spaced;
+    for (const char c : value) {
+        if (!is_space(c)) {
+            spaced.push_back(c);
+        } else if (!spaced.empty() && spaced.back() != ' ') {
+            spaced.push_back(' ');
+        }
+    }
+    if (spaced.ends_with(' ')) spaced.pop_back();
+    std::string line;
+    append_value(line, spaced, 0);
+    return line;
+}
 
 Readable::Readable(std::string_view heading, std::size_t label_width)
     : heading_(heading), label_width_(label_width) {}
 
 void Readable::field(std::string_view label, std::string_view value) {
+    while (!value.empty() && is_space(value.back())) value.remove_suffix(1);
     fields_.append(kIndent, ' ')
         .append(label)
         .append(label_width_ - std::min(label.size(), label_width_ - 1), ' ');

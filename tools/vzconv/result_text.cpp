@@ -1,7 +1,6 @@
 #include "vzconv/result_text.h"
 
 #include <cstdio>
-#include <string_view>
 
 namespace vzconv {
 namespace {
@@ -34,9 +33,13 @@ std::string_view text_of(ResultCode code) {
 }  // namespace
 
 std::string result_text(ResultCode code) {
+    return result_text(code, text_of(code));
+}
+
+std::string result_text(ResultCode code, std::string_view words) {
     char number[16];
     std::snprintf(number, sizeof number, " (0x%08X)", static_cast<unsigned>(code));
-    return std::string(text_of(code)) + number;
+    return std::string(words) + number;
 }
 
 }  // namespace vzconv

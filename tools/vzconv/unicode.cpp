@@ -15,6 +15,25 @@ bool is_low_surrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
+// Whether a surrogate pair stands at `at`.
+bool is_pair_at(std::u16string_view text, std::size_t at) {
+    return is_high_surrogate(text[at]) && at + 1 < text.size() && is_low_surrogate(text[at + 1]);
+}
+
+// The first unpaired surrogate at or behind `at`, where no pair is cut.
+std::size_t next_unpaired_surrogate(std::u16string_view text, std::size_t at) {
+    while (at < text.size()) {
+        if (is_pair_at(text, at)) {
+            at += 2;
+        } else if (is_high_surrogate(text[at]) || is_low_surrogate(text[at])) {
+            break;
+        } else {
+            ++at;
+        }
+    }
+    return at;
+}
+
 void append_utf8(std::string& out, char32_t code) {
     const auto byte = [&out](char32_t value) { out.push_back(static_cast<char>(value)); };
     if (code < 0x80) {
@@ -95,7 +114,7 @@ std::string utf8_from_utf16(std::u16string_view text) {
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
-        if (is_high_surrogate(unit) && i + 1 < text.size() && is_low_surrogate(text[i + 1])) {
+        if (is_pair_at(text, i)) {
             const char32_t high = unit - 0xD800U;
             const char32_t low = text[++i] - 0xDC00U;
             append_utf8(out, 0x10000 + (high << 10) + low);
@@ -106,6 +125,21 @@ std::string utf8_from_utf16(std::u16string_view text) {
         }
     }
     return out;
+}
+
+std::size_t unpaired_surrogates_in(std::u16string_view text) {
+    std::size_t count = 0;
+    std::size_t at = next_unpaired_surrogate(text, 0);
+    for (; at < text.size(); at = next_unpaired_surrogate(text, at + 1)) ++count;
+    return count;
+}
+
+std::size_t first_unpaired_surrogate(std::u16string_view text) {
+    return next_unpaired_surrogate(text, 0);
+}
+
+std::string text_of(const char16_t* text) {
+    return text == nullptr ? std::string() : utf8_from_utf16(text);
 }
 
 std::u16string utf16_from_utf8(std::string_view text) {

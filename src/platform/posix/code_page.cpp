@@ -4,12 +4,13 @@
 
 #include <iconv.h>
 #include <langinfo.h>
+#include <unistd.h>  // environ
 
 #include <array>
 #include <cerrno>
 #include <clocale>  // newlocale
 #include <cstdint>
-#include <cstdlib>
+#include <cstring>
 #include <new>
 #include <optional>
 
@@ -22,7 +23,7 @@ constexpr char16_t kReplacement = 0xFFFD;
 
 class Converter {
 public:
-    explicit Converter(const char* charset) : descriptor_(iconv_open("UTF-16LE", charset)) {
+    Converter(const char* target, const char* source) : descriptor_(iconv_open(target, source)) {
         if (!*this && errno == ENOMEM) throw std::bad_alloc();
     }
     ~Converter() {
@@ -34,6 +35,7 @@ public:
     // False when the system has no such conversion.
     explicit operator bool() const { return reinterpret_cast<std::intptr_t>(descriptor_) != -1; }
 
+    // UTF-16 of `bytes`, with U+FFFD for what is no character.
     void append(std::string_view bytes, std::u16string& out) {
         char* source = const_cast<char*>(bytes.data());
         std::size_t left = bytes.size();
@@ -56,20 +58,46 @@ public:
         step(nullptr, nullptr, out);
     }
 
+    // False, and part of the text appended, at the first byte that is not defined.
+    [[nodiscard]] bool append_defined(std::string_view bytes, std::u16string& out) {
+        char* source = const_cast<char*>(bytes.data());
+        std::size_t left = bytes.size();
+        while (left != 0) {
+            const int stopped = step(&source, &left, out);
+            if (stopped == EILSEQ || stopped == EINVAL) return false;
+        }
+        return true;
+    }
+
+    // The bytes of `text`; false when a character has none.
+    bool append_strictly(std::u16string_view text, std::string& out) {
+        char* source = const_cast<char*>(reinterpret_cast<const char*>(text.data()));
+        std::size_t left = text.size() * sizeof(char16_t);
+        while (left != 0) {
+            const int reason = step(&source, &left, out);
+            if (reason != 0 && reason != E2BIG) return false;
+        }
+        step(nullptr, nullptr, out);
+        return true;
+    }
+
 private:
     // Converts up to a buffer full; returns what stopped it, as an errno, or 0.
-    int step(char** source, std::size_t* left, std::u16string& out) {
-        std::array<char16_t, 512> buffer;
+    template <class Unit>
+    int step(char** source, std::size_t* left, std::basic_string<Unit>& out) {
+        std::array<Unit, 512> buffer;
         char* target = reinterpret_cast<char*>(buffer.data());
         std::size_t room = sizeof buffer;
         const bool failed = iconv(descriptor_, source, left, &target, &room) == std::size_t(-1);
         const int reason = failed ? errno : 0;
-        out.append(buffer.data(), (sizeof buffer - room) / sizeof(char16_t));
+        out.append(buffer.data(), (sizeof buffer - room) / sizeof(Unit));
         return reason;
     }
 
     iconv_t descriptor_;
 };
+
+constexpr const char* kUnicode = "UTF-16LE";
 
 // For a character set that the system cannot convert: ASCII is all that is certain.
 void append_ascii(std::string_view bytes, std::u16string& out) {
@@ -80,7 +108,7 @@ void append_ascii(std::string_view bytes, std::u16string& out) {
 }
 
 void append_from(const char* charset, std::string_view bytes, std::u16string& out) {
-    Converter converter(charset);
+    Converter converter(kUnicode, charset);
     if (converter) {
         converter.append(bytes, out);
     } else {
@@ -92,9 +120,23 @@ bool is_utf8_name(std::string_view charset) {
     return charset == "UTF-8" || charset == "utf-8" || charset == "UTF8" || charset == "utf8";
 }
 
+// The value of the variable when `entry`, "NAME=value", sets it; null when not.
+const char* value_in(const char* entry, std::string_view variable) {
+    const bool is_it = std::strncmp(entry, variable.data(), variable.size()) == 0;
+    return is_it && entry[variable.size()] == '=' ? entry + variable.size() + 1 : nullptr;
+}
+
+// In one walk over the environment: it is asked once for each text.
 std::string_view users_locale() {
-    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const char* value = std::getenv(variable);
+    constexpr std::array<std::string_view, 3> kVariables = {"LC_ALL", "LC_CTYPE", "LANG"};
+    std::array<const char*, kVariables.size()> values{};
+    for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
+        if (**entry != 'L') continue;
+        for (std::size_t i = 0; i < kVariables.size(); ++i) {
+            if (values[i] == nullptr) values[i] = value_in(*entry, kVariables[i]);
+        }
+    }
+    for (const char* value : values) {
         if (value != nullptr && *value != '\0') return value;
     }
     return {};
@@ -119,7 +161,7 @@ std::optional<std::string> charset_of_locale(const std::string& name) {
 
 bool is_convertible(const std::string& charset) {
     // A slash would begin a suffix that tells iconv how to convert.
-    return !charset.empty() && charset.find('/') == std::string::npos && Converter(charset.c_str());
+    return !charset.empty() && charset.find('/') == std::string::npos && Converter(kUnicode, charset.c_str());
 }
 
 }  // namespace
@@ -131,6 +173,11 @@ std::string system_charset() {
     // The name's own word counts where the locale is not installed.
     if (std::optional<std::string> installed = charset_of_locale(locale)) charset = *std::move(installed);
     return is_convertible(charset) ? charset : "UTF-8";
+}
+
+bool append_utf16_from_shift_jis(std::string_view bytes, std::u16string& out) {
+    Converter converter(kUnicode, "CP932");
+    return converter && converter.append_defined(bytes, out);
 }
 
 void append_utf16(CodePage code_page, std::string_view bytes, std::u16string& out) {
@@ -146,6 +193,22 @@ void append_utf16(CodePage code_page, std::string_view bytes, std::u16string& ou
             break;
     }
     append_utf16_from_utf8(bytes, out);
+}
+
+bool append_utf16(const SystemCharset& charset, std::string_view bytes, std::u16string& out) {
+    Converter converter(kUnicode, charset.iconv_name);
+    if (!converter) return false;
+    converter.append(bytes, out);
+    return true;
+}
+
+bool append_bytes(const SystemCharset& charset, std::u16string_view text, std::string& out) {
+    Converter converter(charset.iconv_name, kUnicode);
+    if (!converter) return false;
+    const std::size_t before = out.size();
+    if (converter.append_strictly(text, out)) return true;
+    out.resize(before);
+    return false;
 }
 
 }  // namespace vzapi::platform

@@ -3,7 +3,7 @@
 
 namespace vzapi::platform {
 
-ComScope::ComScope() noexcept = default;
+ComScope::ComScope(ComRelease /*release*/) noexcept {}
 
 ComScope::~ComScope() = default;
 

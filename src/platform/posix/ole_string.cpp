@@ -17,9 +17,12 @@ char16_t* ole_string_allocate(std::u16string_view text) noexcept {
         sizeof(char16_t);
     if (text.size() >= kMostUnits || !allocation_allowed()) return nullptr;
     const std::size_t bytes = text.size() * sizeof(char16_t);
-    void* block = guarded_allocate(BlockKind::OleString, bytes, sizeof(char16_t));
-    if (block != nullptr && bytes != 0) std::memcpy(block, text.data(), bytes);
-    return static_cast<char16_t*>(block);
+    auto* units =
+        static_cast<char16_t*>(guarded_allocate(BlockKind::OleString, bytes, Fill::None, sizeof(char16_t)));
+    if (units == nullptr) return nullptr;
+    if (bytes != 0) std::memcpy(units, text.data(), bytes);
+    units[text.size()] = u'\0';
+    return units;
 }
 
 std::size_t ole_string_length(const char16_t* text) noexcept {

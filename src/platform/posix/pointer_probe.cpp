@@ -8,19 +8,50 @@
 #include <cerrno>
 
 namespace vzapi::platform {
+namespace {
 
-bool is_readable(const void* address) noexcept {
-    constexpr std::size_t kSignalSetSize = 8;
+constexpr std::size_t kSignalSetSize = 8;
+
+std::uintptr_t page_of(std::uintptr_t address) noexcept {
+    return address & ~std::uintptr_t{kPageSize - 1};
+}
+
+// The page that this very call has its local variables on needs no asking. Records and descriptions that a
+// caller has on its stack mostly share it.
+bool is_own_stack(std::uintptr_t page) noexcept {
+    return page == page_of(reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)));
+}
+
+// Asks for the eight bytes at `address`, which need not be aligned.
+bool is_readable_set(std::uintptr_t address) noexcept {
     constexpr int kInvalidHow = -1;
-    const std::uintptr_t aligned =
-        reinterpret_cast<std::uintptr_t>(address) & ~std::uintptr_t{kSignalSetSize - 1};
-    if (aligned == 0) return false;  // a null set is a valid argument, which the kernel does not look at
-
     const int errno_before = errno;
-    const long result = syscall(SYS_rt_sigprocmask, kInvalidHow, aligned, nullptr, kSignalSetSize);
+    const long result = syscall(SYS_rt_sigprocmask, kInvalidHow, address, nullptr, kSignalSetSize);
     const bool readable = !(result == -1 && errno == EFAULT);
     errno = errno_before;
     return readable;
+}
+
+}  // namespace
+
+bool is_readable(const void* address) noexcept {
+    const std::uintptr_t aligned =
+        reinterpret_cast<std::uintptr_t>(address) & ~std::uintptr_t{kSignalSetSize - 1};
+    if (aligned == 0) return false;  // a null set is a valid argument, which the kernel does not look at
+    return is_own_stack(page_of(aligned)) || is_readable_set(aligned);
+}
+
+ReadablePages readable_pages_at(std::uintptr_t address) noexcept {
+    const std::uintptr_t page = page_of(address);
+    if (page == 0) return {};  // as is_readable(null)
+    if (is_own_stack(page)) return {page, page + kPageSize};
+    const std::uintptr_t border = page_of(address + kPageSize / 2);
+    // Eight bytes across the border between two pages ask for both.
+    if (border != 0 && is_readable_set(border - kSignalSetSize / 2)) {
+        return {border - kPageSize, border + kPageSize};
+    }
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): pages are numbers here
+    return is_readable_set(page) ? ReadablePages{page, page + kPageSize} : ReadablePages{};
 }
 
 }  // namespace vzapi::platform

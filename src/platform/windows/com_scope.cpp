@@ -6,10 +6,11 @@
 
 namespace vzapi::platform {
 
-ComScope::ComScope() noexcept {
+ComScope::ComScope(ComRelease release) noexcept {
     const HRESULT first = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    release_ = first == S_OK;
-    if (first == RPC_E_CHANGED_MODE) static_cast<void>(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    HRESULT last = first;
+    if (first == RPC_E_CHANGED_MODE) last = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    release_ = release == ComRelease::Always ? SUCCEEDED(last) : first == S_OK;
 }
 
 ComScope::~ComScope() {

@@ -11,6 +11,10 @@ void* heap_allocate(std::size_t size) noexcept {
     return allocation_allowed() ? HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, size) : nullptr;
 }
 
+void* heap_allocate_unfilled(std::size_t size) noexcept {
+    return allocation_allowed() ? HeapAlloc(GetProcessHeap(), 0, size) : nullptr;
+}
+
 bool heap_owns(const void* block) noexcept {
     // The heap looks at its bookkeeping in front of the block, so that has to be readable, too.
     constexpr std::uintptr_t kBookkeeping = 16;

@@ -1,0 +1,84 @@
+#include "mms/mms_codec.h"
+
+#include <utility>
+
+#include "mms/mms_header.h"
+#include "mms/mms_tables.h"
+#include "mms/multipart.h"
+#include "mms/presentation.h"
+#include "mms/wsp_encoding.h"
+#include "versit/ascii.h"
+
+namespace vzapi::mms {
+namespace {
+
+constexpr std::uint8_t kPush = 0x06;  // type of a PDU of the push protocol (WAP-230-WSP, section 8.2.4)
+
+// What is behind a push header, if one stands in front: transaction id, type, length of the headers, and the
+// headers, which begin with a content type.
+Bytes without_push_header(Bytes pdu) {
+    CWSPEncoding push(pdu);
+    static_cast<void>(push.octet());
+    if (push.octet() != kPush) return pdu;
+    const std::optional<std::uint32_t> length = push.uintvar();
+    const std::optional<Bytes> headers = length ? push.bytes(*length) : std::nullopt;
+    if (!headers) return pdu;
+    const std::optional<ContentType> type = CWSPEncoding(*headers).content_type();
+    const bool is_message = type && versit::equals_ignoring_case(std::u16string_view(type->media),
+                                                                 "APPLICATION/VND.WAP.MMS-MESSAGE");
+    return is_message ? *push.bytes(push.left()) : pdu;
+}
+
+// Not exact: enough for a usual message, so that its data are copied once.
+std::size_t expected_size(const Message& message) {
+    constexpr std::size_t kHead = 128;
+    std::size_t size = (message.headers.size() + message.parts.size()) * kHead;
+    for (const Part& part : message.parts) size += part.data.size();
+    return size;
+}
+
+bool needs_body(std::uint32_t type) {
+    const PduRow* row = find_pdu(type);
+    return row != nullptr && row->has_body;
+}
+
+}  // namespace
+
+std::optional<Message> CMMSCodec2::decode(Bytes pdu) {
+    *this = {};
+    CWSPEncoding reader(without_push_header(pdu));
+    Message message;
+    message.flags = VZ_MMS_NO_PRESENTATION;
+    CMMSHeader header;
+    if (!header.decode(reader, message)) return std::nullopt;
+    has_message_type_ = header.has_message_type();
+    has_content_type_ = header.content_type().has_value();
+    if (!has_message_type_ && !has_content_type_) return std::nullopt;
+    if (has_content_type_) {
+        CMultipartContainer::decode(*header.content_type(), *reader.bytes(reader.left()), message);
+        name_parts(message.parts);
+    }
+    count_ = header.count() + message.parts.size();
+    return message;
+}
+
+std::optional<std::vector<std::byte>> CMMSCodec2::encode(Message message) {
+    if (!CMultipartContainer::can_encode(message.parts)) return std::nullopt;
+    complete_body(message);
+    std::vector<Part>& parts = message.parts;
+    if (!CMultipartContainer::can_encode(parts)) return std::nullopt;  // it may be one container deeper now
+    if (parts.empty() && needs_body(message.type)) return std::nullopt;
+    keep_names(parts);
+    WspWriter pdu;
+    pdu.reserve(expected_size(message));
+    CMMSHeader header;
+    if (!header.encode(message, pdu)) return std::nullopt;
+    if (!parts.empty()) {
+        pdu.octet(VZ_MMS_HEADER_CONTENT_TYPE | 0x80);
+        pdu.content_type(parts.front().type);
+        CMultipartContainer::encode(parts, pdu);
+    }
+    return pdu.take();
+}
+
+}  // namespace vzapi::mms

@@ -1,0 +1,32 @@
+// Multimedia messages: PDU to message and back (OMA MMS Encapsulation 1.0 to 1.3).
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "mms/mms_message.h"
+
+namespace vzapi::mms {
+
+class CMMSCodec2 {
+public:
+    // The message of a PDU, a push header before it left out; its bytes are views into `pdu`. Nothing for
+    // bytes that are none. Costs time and memory in proportion to the size of `pdu`.
+    [[nodiscard]] std::optional<Message> decode(Bytes pdu);
+
+    // The PDU of a message in canonical form; nothing when it cannot be encoded.
+    [[nodiscard]] std::optional<std::vector<std::byte>> encode(Message message);
+
+    // After decode(): headers and parts, and what was seen.
+    [[nodiscard]] std::size_t count() const noexcept { return count_; }
+    [[nodiscard]] bool has_message_type() const noexcept { return has_message_type_; }
+    [[nodiscard]] bool has_content_type() const noexcept { return has_content_type_; }
+
+private:
+    std::size_t count_ = 0;
+    bool has_message_type_ = false;
+    bool has_content_type_ = false;
+};
+
+}  // namespace vzapi::mms
