@@ -20,11 +20,18 @@ mms::Bytes bytes_of(std::string_view pdu) noexcept {
     return std::as_bytes(std::span(pdu));
 }
 
+// Comes before anything behind the size is read: a record of another size may be a shorter one.
+void require_size(const void* record) {
+    std::uint32_t size = 0;
+    std::memcpy(&size, record, sizeof size);
+    if (size != sizeof(MultimediaItem)) raise(VZ_ERR_BAD_VALUE);
+}
+
 }  // namespace
 
 void read_multimedia(std::string_view pdu, void* record) {
+    require_size(record);
     auto& item = *static_cast<MultimediaItem*>(record);
-    if (item.size != sizeof item) raise(VZ_ERR_BAD_VALUE);
     mms::clear_record(item);
     mms::CMMSCodec2 codec;
     const std::optional<mms::Message> message = codec.decode(bytes_of(pdu));
@@ -33,6 +40,7 @@ void read_multimedia(std::string_view pdu, void* record) {
 }
 
 void write_multimedia(const void* record, DataObject& object) {
+    require_size(record);
     MultimediaItem item;
     std::memcpy(&item, record, sizeof item);
     mms::CMMSCodec2 codec;
