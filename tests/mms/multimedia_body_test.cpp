@@ -201,7 +201,7 @@ TEST(MultimediaBody, HeadsThatBreakTheRulesAreReadAsFarAsTheyGo) {
         const FirstPart first(row.head);
         const std::string all = shown(first.message.item());
         EXPECT_TRUE(
-            all.ends_with("part 120 flags 0 in 1 " + std::string(row.expected) + "  data 4:64617461\n"))
+            all.ends_with("part size 120 flags 0 in 1 " + std::string(row.expected) + "  data 4:64617461\n"))
             << row.what << "\n"
             << all;
         EXPECT_EQ(shown(ReadMultimedia(written(first.message.item())).item()), all) << row.what;

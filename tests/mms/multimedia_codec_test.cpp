@@ -37,15 +37,15 @@ TEST(MultimediaCodec, AMessageWithPresentationAndText) {
               "header 9 24/0 kind 5 56/4/0/0/0 name - text - bytes -\n"
               "header 23 24/0 kind 5 56/1/0/0/0 name - text +15555550101 bytes -\n"
               "header 6 24/0 kind 1 129\n"
-              "part 120 flags 1 in 0 application/vnd.wap.multipart.related charset 0"
+              "part size 120 flags 1 in 0 application/vnd.wap.multipart.related charset 0"
               "; 24 type kind 3 application/smil; 24 start kind 3 <s>\n"
               "  name Part_0.1 id - location - disposition -\n"
               "  data -\n"
-              "part 120 flags 2 in 1 application/smil charset 0\n"
+              "part size 120 flags 2 in 1 application/smil charset 0\n"
               "  name s.smil id s location s.smil disposition -\n"
               "  data 56:3C736D696C3E3C626F64793E3C7061723E3C74657874207372633D22742E747874222F3E3C2F7061723E"
               "3C2F626F64793E3C2F736D696C3E\n"
-              "part 120 flags 0 in 1 text/plain charset 106\n"
+              "part size 120 flags 0 in 1 text/plain charset 106\n"
               "  name t.txt id - location t.txt disposition -\n"
               "  data 5:436166C3A9\n");
     EXPECT_EQ(written(read.item()), message_pdu());

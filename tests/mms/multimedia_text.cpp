@@ -72,7 +72,7 @@ std::string shown(const MultimediaItem& item) {
     std::string text = "type " + number(item.messageType) + " flags " + number(item.flags) + "\n" +
                        shown_headers(item.headers, item.headerCount, "");
     for (const MultimediaPart& part : std::span(item.parts, item.partCount)) {
-        text += "part " + number(part.size) + " flags " + number(part.flags) + " in " +
+        text += "part size " + number(part.size) + " flags " + number(part.flags) + " in " +
                 number(part.container) + " " + shown(part.contentType) + " charset " + number(part.charset) +
                 shown_parameters(part.parameters, part.parameterCount) + "\n  name " + shown(part.name) +
                 " id " + shown(part.contentId) + " location " + shown(part.contentLocation) +
