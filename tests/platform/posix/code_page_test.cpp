@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <iconv.h>
 
-#include <thread>
 #include <vector>
 
 #include "support/environment.h"
@@ -123,27 +122,6 @@ TEST(SystemCodePageOfPosix, FollowsTheUsersLocale) {
     }
     if (!missing.empty())
         GTEST_SKIP() << "this system has no conversion from " << testing::PrintToString(missing);
-}
-
-TEST(SystemCodePageOfPosix, ConvertsInSeveralThreadsAtATime) {
-    if (!is_installed("EUC-JP")) GTEST_SKIP() << "this system has no conversion from EUC-JP";
-    const Locale locale("xx_XX.EUC-JP", std::nullopt, std::nullopt);
-    std::string bytes;
-    std::u16string text;
-    for (int i = 0; i < 500; ++i) {
-        bytes += "a\xC6\xFC";
-        text += u"a\u65E5";
-    }
-    std::vector<std::thread> threads;
-    std::vector<int> right(4, 0);
-    threads.reserve(right.size());
-    for (int& count : right) {
-        threads.emplace_back([&] {
-            for (int i = 0; i < 50; ++i) count += decoded(CodePage::SystemDefault, bytes) == text ? 1 : 0;
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(right, std::vector<int>(4, 50));
 }
 
 }  // namespace

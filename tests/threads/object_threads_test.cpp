@@ -1,4 +1,4 @@
-// E-mail items and text objects on several threads at once.
+// E-mail items, multimedia messages and text objects on several threads at once.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "dataobject/email_text.h"
+#include "mms/multimedia_text.h"
+#include "mms/pdu_bytes.h"
 #include "vzapi/vzapi.h"
 
 namespace {
@@ -38,6 +40,18 @@ bool convert_bookmark(int thread) {
            ODCAPI_FreeParsedData(VZ_OBJECT_BOOKMARK, &item) == VZ_OK && is_right;
 }
 
+// A message with a presentation, and a part in a charset and a transfer encoding that differ with the thread.
+bool convert_multimedia(int thread) {
+    const std::string letter(1, static_cast<char>('a' + thread));
+    const std::string pdu =
+        retrieved(pdu_bytes("A3"),
+                  multipart({entry(pdu_bytes(thread % 2 == 0 ? "(83 81 91)" : "(83 81 EA)"), letter),
+                             entry(pdu_bytes("83 'Content-Transfer-Encoding' 00 'base64' 00"), "YWJj")}));
+    const ReadMultimedia read(pdu);
+    return read.result() == VZ_OK && read.item().partCount == 3 && read.data(1) == letter &&
+           read.data(2) == "abc" && written(ReadMultimedia(message_pdu()).item()) == message_pdu();
+}
+
 TEST(ObjectThreads, ReadAndCreateIndependently) {
     constexpr int kThreads = 4;
     constexpr int kRounds = 100;
@@ -46,7 +60,8 @@ TEST(ObjectThreads, ReadAndCreateIndependently) {
     for (int thread = 0; thread < kThreads; ++thread) {
         threads.emplace_back([thread, &wrong] {
             for (int round = 0; round < kRounds; ++round) {
-                if (!read_email(thread, round) || !convert_bookmark(thread)) ++wrong;
+                if (!read_email(thread, round) || !convert_bookmark(thread) || !convert_multimedia(thread))
+                    ++wrong;
             }
         });
     }
