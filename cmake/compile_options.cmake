@@ -10,7 +10,7 @@ target_compile_options(vzapi_compile_options INTERFACE
     $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast>)
 if(VZAPI_SANITIZE)
     target_compile_options(vzapi_compile_options INTERFACE
-        -O1 -g1 -fsanitize=${VZAPI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -O1 -fsanitize=${VZAPI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(vzapi_compile_options INTERFACE -fsanitize=${VZAPI_SANITIZE})
     # A program in C brings the sanitizer runtime that the C++ of the library needs.
     if(CMAKE_C_COMPILER_ID STREQUAL "Clang")
@@ -32,7 +32,7 @@ endif()
 # is missing.
 option(VZAPI_PRECOMPILED_TEST_HEADERS "Read the headers of the test framework once" OFF)
 function(vzapi_compile_test_cases target)
-    target_compile_options(${target} PRIVATE -O0 -g1)
+    target_compile_options(${target} PRIVATE -O0)
     if(VZAPI_PRECOMPILED_TEST_HEADERS)
         target_precompile_headers(${target} PRIVATE "$<$<COMPILE_LANGUAGE:CXX>:<gtest/gtest.h$<ANGLE-R>>")
     endif()
