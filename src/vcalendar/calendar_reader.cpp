@@ -31,9 +31,9 @@ using versit::PropertyId;
 using enum versit::DefaultCharset;
 
 constexpr VersionRules kVersions[] = {
-    // version, charset, escapes, VALARM, EXDATE of to-dos, ends of birthdays
-    {"1.0", System, false, false, true, false},
-    {"2.0", Utf8, true, true, false, true},
+    // version, charset, escapes, VALARM, EXDATE of to-dos, ends of birthdays, DURATION
+    {"1.0", System, false, false, true, false, false},
+    {"2.0", Utf8, true, true, false, true, true},
 };
 
 // The first of these that an event has tells its type.

@@ -1,12 +1,15 @@
 #include "vcalendar/calendar_reader_dates.h"
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "vcalendar/alarm.h"
 #include "vcalendar/calendar_time.h"
+#include "vcalendar/duration.h"
+#include "versit/ascii.h"
 
 namespace vzapi::vcalendar {
 namespace {
@@ -14,12 +17,46 @@ namespace {
 using versit::PropertyId;
 
 // The date of the first line of that ID.
-std::optional<CalendarTime> first_date(const EntryText& entry, PropertyId id) {
+std::optional<DateText> first_date_text(const EntryText& entry, PropertyId id) {
     const versit::VersitProperty* line = entry.first(id);
     if (line == nullptr) return std::nullopt;
     std::string storage;
-    const std::optional<DateText> date = parse_date_text(plain_value(*line, storage));
+    return parse_date_text(plain_value(*line, storage));
+}
+
+std::optional<CalendarTime> first_date(const EntryText& entry, PropertyId id) {
+    const std::optional<DateText> date = first_date_text(entry, id);
     return date ? std::optional(date->time) : std::nullopt;
+}
+
+// What the first DURATION line says.
+std::optional<std::chrono::seconds> first_duration(const EntryText& entry) {
+    const auto line =
+        std::find_if(entry.lines.begin(), entry.lines.end(), [](const versit::IdentifiedLine& each) {
+            return each.id == PropertyId::None &&
+                   versit::equals_ignoring_case(each.line.raw_name(), "DURATION");
+        });
+    if (line == entry.lines.end()) return std::nullopt;
+    std::string storage;
+    return parse_duration(plain_value(line->line, storage));
+}
+
+// Where an event ends that says how long it lasts (RFC 2445, section 4.6.1): never before its start, and on a
+// day where it starts on one.
+std::optional<CalendarTime> end_by_duration(const EntryText& entry, const DateText& start) {
+    constexpr std::chrono::seconds kNone{0};
+    const std::optional<std::chrono::seconds> duration = first_duration(entry);
+    if (!duration || *duration < kNone) return std::nullopt;
+    if (start.is_bare_date && *duration % std::chrono::days(1) != kNone) return std::nullopt;
+    return time_of(clock_of(start.time) + *duration, start.time);
+}
+
+// The end of an event. Its DTEND counts before its duration, whatever that line holds.
+std::optional<CalendarTime> end_of(const EntryText& event, const VersionRules& rules,
+                                   const std::optional<DateText>& start) {
+    const bool has_end = event.first(PropertyId::Dtend) != nullptr;
+    if (has_end || !rules.has_durations || !start) return first_date(event, PropertyId::Dtend);
+    return end_by_duration(event, *start);
 }
 
 bool is_midnight(const CalendarTime& time) {
@@ -36,11 +73,13 @@ CalendarTime on_its_day(const CalendarTime& time, std::uint32_t item_type) {
     return lasts_days(item_type) && time.hour != 0 ? to_local(time) : time;
 }
 
-// The first line of that ID that has a date.
+// The first line of that ID that has a date. One that can be read as it stands is not decoded: the encoding is
+// that of the sound or the text behind it.
 std::optional<CalendarTime> first_alarm(const EntryText& entry, PropertyId id) {
     std::string storage;
     for (const versit::IdentifiedLine& line : entry.lines) {
         if (line.id != id) continue;
+        if (const auto time = parse_alarm_value(line.line.value())) return time;
         if (const auto time = parse_alarm_value(plain_value(line.line, storage))) return time;
     }
     return std::nullopt;
@@ -85,11 +124,12 @@ void read_exceptions(const EntryText& entry, CalendarBuilder& builder) {
 }
 
 void read_event_dates(const EntryText& entry, const VersionRules& rules, bool is_typed, CalendarItem& item) {
-    if (const auto start = first_date(entry, PropertyId::Dtstart)) {
-        if (!is_typed && !is_utc(*start) && is_midnight(*start)) item.itemType = VZ_ITEM_EVENT;
-        item.start = on_its_day(*start, item.itemType);
+    const std::optional<DateText> start = first_date_text(entry, PropertyId::Dtstart);
+    if (start) {
+        if (!is_typed && !is_utc(start->time) && is_midnight(start->time)) item.itemType = VZ_ITEM_EVENT;
+        item.start = on_its_day(start->time, item.itemType);
     }
-    if (const auto end = first_date(entry, PropertyId::Dtend)) item.end = on_its_day(*end, item.itemType);
+    if (const auto end = end_of(entry, rules, start)) item.end = on_its_day(*end, item.itemType);
     read_alarm(entry, rules, item.start, item.end, item);
 }
 

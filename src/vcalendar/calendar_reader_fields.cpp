@@ -107,17 +107,23 @@ public:
         if (line.id == PropertyId::XClass) {
             if (!other_class_) other_class_ = parse_class(values_.text(line.line));
         } else if (const FieldRow* row = find_row(line.id); row != nullptr && row->in_todo) {
-            read_field(*row, line.line);
+            if (row->kind == FieldKind::Status || has_place_beside_status()) read_field(*row, line.line);
         }
     }
 
     // Behind the last line of a to-do: its class under the other name, and the status that each one has.
     void finish_todo() {
-        if (!builder_.has(VZ_CALENDAR_CLASS)) add_number(VZ_CALENDAR_CLASS, other_class_);
+        const bool has_class = builder_.has(VZ_CALENDAR_CLASS);
+        if (!has_class && has_place_beside_status()) add_number(VZ_CALENDAR_CLASS, other_class_);
         if (!builder_.has(VZ_CALENDAR_STATUS)) builder_.add_number(VZ_CALENDAR_STATUS, VZ_TODO_NEEDS_ACTION);
     }
 
 private:
+    // The last place of a to-do is kept for its status.
+    [[nodiscard]] bool has_place_beside_status() const {
+        return builder_.field_places() > 1 || builder_.has(VZ_CALENDAR_STATUS);
+    }
+
     void read_field(const FieldRow& row, const VersitProperty& line) {
         switch (row.kind) {
             case FieldKind::Class:

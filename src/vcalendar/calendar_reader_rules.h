@@ -17,6 +17,7 @@ struct VersionRules {
     bool has_valarm;                 // alarms are components
     bool has_todo_exceptions;        // EXDATE of a to-do is read
     bool completes_birthdays;        // one without an end lasts its start day
+    bool has_durations;              // an event may tell how long it lasts instead of its end
 };
 
 // The rules of `version`; null when it is none that can be read.

@@ -181,8 +181,12 @@ bool CalendarBuilder::has(std::uint32_t id) const noexcept {
                        [id](const CalendarField& each) { return each.fieldId == id; });
 }
 
+std::size_t CalendarBuilder::field_places() const noexcept {
+    return kMost - fields_.size();
+}
+
 bool CalendarBuilder::fields_are_full() const noexcept {
-    return fields_.size() >= kMost;
+    return field_places() == 0;
 }
 
 bool CalendarBuilder::exceptions_are_full() const noexcept {

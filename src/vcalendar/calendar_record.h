@@ -44,6 +44,9 @@ public:
     // True when an entry of that id was added.
     [[nodiscard]] bool has(std::uint32_t id) const noexcept;
 
+    // How many more entries have a place.
+    [[nodiscard]] std::size_t field_places() const noexcept;
+
     // True when one more entry, or excluded date, would be dropped.
     [[nodiscard]] bool fields_are_full() const noexcept;
     [[nodiscard]] bool exceptions_are_full() const noexcept;

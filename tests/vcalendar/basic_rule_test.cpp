@@ -216,6 +216,7 @@ const ReadRow kReadRows[] = {
     {"MD1 10- #0", "none"},
     {"MD1 LD #0", "none"},
     {"MD1 32 #0", "none"},
+    {"MD1 4294967306 #0", "none"},  // 10 more than 32 bits can hold
     {"YM1 3 3 #0", "yearly 1"},
     {"YM1 4 #0", "none"},
     {"YM1 3 4 #0", "none"},

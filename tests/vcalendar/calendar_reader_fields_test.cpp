@@ -250,6 +250,7 @@ TEST(EventReader, TheTimeZoneIsReadForAppointments) {
         << "an appointment until its start has been read";
     EXPECT_EQ(read_event("TZ:+01:00"), "type 1\n") << "a line of the calendar, not of the event";
     EXPECT_EQ(read_text(calendar_with("VTODO", "SUMMARY:a", "1.0", zone_lines)), "type 7\n300 a\n304 =1\n");
+    EXPECT_EQ(read_text(calendar_with("VEVENT", "SUMMARY:a", "2.0", zone_lines)), "type 1\n300 a\n" + zone);
     EXPECT_EQ(read_text(calendar_with("VEVENT", "SUMMARY:a", "1.0",
                                       "BEGIN:VTIMEZONE\r\nTZ:+01:00\r\nEND:VTIMEZONE\r\nTZ:east\r\n")),
               "type 1\n300 a\n");

@@ -32,15 +32,45 @@ const std::string kFields =
     "302 a long description that stands in the text\n306 =1=2=3\n303 =2\n";
 const std::string kZone = "zone 60 120 CET CEST\nrule 1 2009-03-29 02:00:00 2009-10-25 03:00:00\n";
 
+std::string in_version_2(std::string text) {
+    return text.replace(text.find("VERSION:1.0"), 11, "VERSION:2.0");
+}
+
 TEST(CalendarReaderMemory, EachVersionOfTheRecordHasItsBlocks) {
     for (std::uint32_t api_version = 12; api_version <= 16; ++api_version) {
-        SCOPED_TRACE(api_version);
-        const auto read = [&](std::uint32_t size) { return read_text(kRichEvent, size, api_version); };
-        EXPECT_EQ(read(112), kDates + kRepeat + kUntil + kFields);
-        EXPECT_EQ(read(128), kDates + kRepeat + kUntil + kExceptions + kFields);
-        EXPECT_EQ(read(152), kDates + kRepeat + kWideRepeat + kUntil + kExceptions + kFields);
-        EXPECT_EQ(read(192), kDates + kRepeat + kWideRepeat + kUntil + kExceptions + kFields +
-                                 (api_version >= 16 ? kZone : ""));
+        for (const std::string& text : {kRichEvent, in_version_2(kRichEvent)}) {
+            SCOPED_TRACE(std::to_string(api_version) + "\n" + text);
+            const auto read = [&](std::uint32_t size) { return read_text(text, size, api_version); };
+            EXPECT_EQ(read(112), kDates + kRepeat + kUntil + kFields);
+            EXPECT_EQ(read(128), kDates + kRepeat + kUntil + kExceptions + kFields);
+            EXPECT_EQ(read(152), kDates + kRepeat + kWideRepeat + kUntil + kExceptions + kFields);
+            EXPECT_EQ(read(192), kDates + kRepeat + kWideRepeat + kUntil + kExceptions + kFields +
+                                     (api_version >= 16 ? kZone : ""));
+        }
+    }
+}
+
+const std::string kRichTodo = todo(
+    "DUE:20090105T100000\r\nDTEND:20090105T110000\r\nDALARM:20090105T094500;;0;\r\nRRULE:W1 MO WE #0\r\n"
+    "EXDATE:20090107T100000;20090112T100000Z\r\nSTATUS:COMPLETED\r\nSUMMARY:a");
+
+TEST(CalendarReaderMemory, EachVersionOfTheRecordHasTheBlocksOfAToDo) {
+    const std::string dates =
+        "type 7\nstart 2009-01-05 10:00:00\nend 2009-01-05 11:00:00\nalarm 2 2009-01-05 09:45:00\n";
+    const std::string fields = "304 =2\n300 a\n";
+    for (std::uint32_t api_version = 12; api_version <= 16; ++api_version) {
+        const std::string repeat = api_version >= 15 ? kRepeat : "";
+        const std::string wide_repeat = api_version >= 15 ? kRepeat + kWideRepeat : "";
+        for (const bool is_version_2 : {false, true}) {
+            SCOPED_TRACE(std::to_string(api_version) + (is_version_2 ? " 2.0" : " 1.0"));
+            const std::string exceptions = is_version_2 ? "" : kExceptions;
+            const std::string text = is_version_2 ? in_version_2(kRichTodo) : kRichTodo;
+            const auto read = [&](std::uint32_t size) { return read_text(text, size, api_version); };
+            EXPECT_EQ(read(112), dates + repeat + fields);
+            EXPECT_EQ(read(128), dates + repeat + exceptions + fields);
+            EXPECT_EQ(read(152), dates + wide_repeat + exceptions + fields);
+            EXPECT_EQ(read(192), dates + wide_repeat + exceptions + fields);
+        }
     }
 }
 
@@ -138,6 +168,32 @@ TEST(CalendarReaderMemory, KeepsAtMost255Entries) {
                   VZ_OK);
         EXPECT_EQ(calendar.item().fieldCount, row.kept) << row.count;
     }
+}
+
+// The last field, as "304 =1", and the number of them.
+std::string last_of(const std::string& text) {
+    OwnedCalendar calendar;
+    EXPECT_EQ(calendar.read(text), VZ_OK);
+    const CalendarItem item = calendar.item();
+    if (item.fieldCount == 0) return "none";
+    const CalendarField& last = item.fields[item.fieldCount - 1];
+    return std::to_string(item.fieldCount) + ": " + show_field(last, item.itemType);
+}
+
+TEST(CalendarReaderMemory, AToDoKeepsAPlaceForItsStatus) {
+    const std::string class_line = "X-CLASS:PRIVATE\r\n";
+    const std::string status = "STATUS:COMPLETED\r\n";
+    for (const std::size_t count : {254U, 255U, 256U, 1000U}) {
+        const std::string summaries = repeated("SUMMARY:a\r\n", count);
+        EXPECT_EQ(last_of(todo(summaries + "UID:1")), "255: 304 =1") << count;
+        EXPECT_EQ(last_of(todo(summaries + status + "UID:1")), "255: 304 =2") << count;
+        EXPECT_EQ(last_of(todo(class_line + summaries + "UID:1")), "255: 304 =1") << count;
+        EXPECT_EQ(last_of(todo(status + summaries + "UID:1")), "255: 300 a") << count;
+    }
+    const std::string summaries = repeated("SUMMARY:a\r\n", 253);
+    EXPECT_EQ(last_of(todo(summaries + class_line + "UID:1")), "255: 304 =1");
+    EXPECT_EQ(last_of(todo(status + summaries + class_line + "UID:1")), "255: 204 =1");
+    EXPECT_EQ(last_of(todo(repeated(status, 300) + "UID:1")), "255: 304 =2");
 }
 
 TEST(CalendarReaderMemory, KeepsAtMost255ExcludedDates) {

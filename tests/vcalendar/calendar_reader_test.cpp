@@ -314,6 +314,10 @@ TEST(CalendarReader, AlarmsOfAnEvent) {
         {"DALARM:20090102T030405;;0;text", display},
         {"DALARM;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:20090102T030405;;0;caf=C3=A9", display},
         {"AALARM;ENCODING=QUOTED-PRINTABLE:=32=30090102T030405=3B;0;", audio},
+        // The encoding is that of the sound or the text; a time that can be read as it stands is the time.
+        {"AALARM;TYPE=WAVE;VALUE=INLINE;ENCODING=BASE64:20090102T030405;;0;UklGRiQA", audio},
+        {"DALARM:20090102T030405;;0;in BASE64", display},
+        {"AALARM;ENCODING=BASE64:MjAwOTAxMDJUMDMwNDA1Ozsw", audio},
         {"AALARM:20090102T030405;;0;\r\nDALARM:20090102T030405;;0;", display},
         {"DALARM:20090102T030405;;0;\r\nAALARM:20100102T030405;;0;", display},
         {"AALARM:20090102T030405;;0;\r\nDALARM:", audio},

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "support/machine_zone.h"
 #include "vcalendar/owned_calendar.h"
 
 namespace vzapi::test {
@@ -128,6 +129,36 @@ TEST(TodoReader, WithTheTypeOfABirthdayKeepsItsDescriptionOutOfTheYear) {
         "BEGIN:VCALENDAR\r\nVERSION:1.0\r\nBEGIN:VEVENT\r\nCATEGORIES:BIRTHDAY\r\nEND:VEVENT\r\n"
         "BEGIN:VTODO\r\nDESCRIPTION:a\r\nEND:VTODO\r\nEND:VCALENDAR\r\n";
     EXPECT_EQ(read_text(text), "type 3\n305 a\n304 =1\n");
+}
+
+// A to-do beside an event.
+std::string read_beside(const std::string& event_body, const std::string& todo_body,
+                        const std::string& calendar_lines = "") {
+    return read_text("BEGIN:VCALENDAR\r\nVERSION:1.0\r\n" + calendar_lines + "BEGIN:VEVENT\r\n" + event_body +
+                     "\r\nEND:VEVENT\r\nBEGIN:VTODO\r\n" + todo_body + "\r\nEND:VTODO\r\nEND:VCALENDAR\r\n");
+}
+
+TEST(TodoReader, TheTypeOfTheEventBesideItIsNotThatOfADay) {
+    EXPECT_EQ(read_beside("SUMMARY:a", "DTSTART:20090101T000000"),
+              "type 1\nstart 2009-01-01 00:00:00\n304 =1\n");
+    EXPECT_EQ(read_beside("DTSTART:20090101T000000\r\nAALARM:20090101T000000", "SUMMARY:b"),
+              "type 1\n300 b\n304 =1\n");
+}
+
+TEST(TodoReaderInMachineZone, ItsDatesStayInUtcWhateverTheTypeOfTheEvent) {
+    in_machine_zone("Asia/Kolkata", [] {
+        EXPECT_EQ(read_beside("CATEGORIES:MEMO", "DUE:20090101T220000Z\r\nDTEND:20090101T230000Z"),
+                  "type 4\nstart 2009-01-01 22:00:00Z\nend 2009-01-01 23:00:00Z\n304 =1\n");
+    });
+}
+
+TEST(TodoReader, BesideAnAppointmentTheTimeZoneIsRead) {
+    const std::string zone_lines =
+        "TZ:+01:00\r\nDAYLIGHT:TRUE;+02;20090329T020000;20091025T030000;CET;CEST\r\n";
+    EXPECT_EQ(read_beside("SUMMARY:a", "SUMMARY:b", zone_lines),
+              "type 1\n300 b\n304 =1\nzone 60 120 CET CEST\n"
+              "rule 1 2009-03-29 02:00:00 2009-10-25 03:00:00\n");
+    EXPECT_EQ(read_beside("CATEGORIES:CALL", "SUMMARY:b", zone_lines), "type 2\n300 b\n304 =1\n");
 }
 
 TEST(TodoReader, RecursFromInterfaceVersion15On) {

@@ -254,6 +254,17 @@ TEST(ReleaseCalendar, GivesEveryBlockBack) {
     EXPECT_EQ(blocks_released(&item), 0U);
 }
 
+TEST(ReleaseCalendar, GivesBackAsManyBlocksAsARecordCanHave) {
+    CalendarItem item{};
+    item.size = sizeof item;
+    CalendarBuilder builder;
+    for (int i = 0; i < 255; ++i) builder.add_geo(u"1", u"2");
+    builder.add_exception(kTime);
+    builder.set_zone(some_zone());
+    builder.hand_over(kAll, item);
+    EXPECT_EQ(blocks_released(&item), 255 * 3 + 5U);
+}
+
 TEST(ReleaseCalendar, FollowsTheSizeOfTheRecord) {
     // What stands behind the size is not the record's, whatever it looks like.
     struct SizeCase {
