@@ -70,6 +70,8 @@ const TriggerRow kTriggers[] = {
     {"TRIGGER;RELATED=START:-PT15M", "audio 20090315T141500"},
     {"TRIGGER;RELATED=END:-PT15M", "audio 20090315T234500Z"},
     {"TRIGGER;VALUE=DURATION;related=end:PT1M", "audio 20090316T000100Z"},
+    {"TRIGGER; RELATED = End :-PT15M", "audio 20090315T234500Z"},
+    {"TRIGGER;RELATED=ENDING:-PT15M", "audio 20090315T141500"},
     {"TRIGGER;VALUE=DATE-TIME:20090315T120000Z", "audio 20090315T120000Z"},
     {"TRIGGER:20090315T120000", "audio 20090315T120000"},
     {"TRIGGER;RELATED=END:20090315T120000", "audio 20090315T120000"},
@@ -186,6 +188,11 @@ TEST(TriggerInMachineZone, OneOfTwoInUtcCountsAsTheClockOfTheMachineShowsIt) {
         EXPECT_EQ(trigger_value(time_at("20090715T161500Z"), time_at("20090715T123000")), "-P0DT0H15M0S");
         EXPECT_EQ(trigger_value(time_at("20090115T171500Z"), time_at("20090115T123000")), "-P0DT0H15M0S");
         EXPECT_EQ(trigger_value(time_at("20090715T121500"), time_at("20090715T163000Z")), "-P0DT0H15M0S");
+    });
+    vzapi::test::in_machine_zone("America/New_York", [] {
+        // Both in UTC: the hour that the clock of the machine skips between them is none that passes.
+        EXPECT_EQ(trigger_value(time_at("20090308T060000Z"), time_at("20090308T080000Z")), "-P0DT2H0M0S");
+        EXPECT_EQ(trigger_value(time_at("20090308T010000"), time_at("20090308T040000")), "-P0DT3H0M0S");
     });
     vzapi::test::in_machine_zone("Asia/Kolkata", [] {
         EXPECT_EQ(trigger_value(time_at("20090315T184500Z"), time_at("20090316T003000")), "-P0DT0H15M0S");
