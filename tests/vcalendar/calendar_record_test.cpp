@@ -340,6 +340,17 @@ TEST(ReleaseCalendar, ABirthYearIsNoBlockWhateverItsNumber) {
     platform::heap_free(block);
 }
 
+TEST(ReleaseCalendar, ABlockThatIsTooShortForAPlaceIsLeftAlone) {
+    CalendarItem item = item_of_each_kind();
+    void* const block = platform::heap_allocate(sizeof(CalendarGeo) - 1);
+    platform::heap_free(item.fields[0].value.text);
+    item.fields[0].fieldId = VZ_CALENDAR_GEO;
+    item.fields[0].value.geo = static_cast<CalendarGeo*>(block);
+    EXPECT_EQ(release(&item), VZ_OK);
+    EXPECT_TRUE(platform::heap_owns(block));
+    platform::heap_free(block);
+}
+
 using Spoil = void (*)(CalendarItem& item, const GuardPage& page);
 
 struct SpoilCase {
@@ -428,9 +439,9 @@ const SpoilCase kSpoiled[] = {
          platform::heap_free(item.fields[2].value.geo);
          item.fields[2].value.geo = page.last_as<CalendarGeo>(16);
      }},
-    {"a text in the place of a geo",
+    {"no block in the place of a geo",
      [](CalendarItem& item, const GuardPage&) {
-         item.fields[0].fieldId = VZ_CALENDAR_GEO;  // too short to be one, and left alone
+         item.fields[0].fieldId = VZ_CALENDAR_GEO;
          platform::heap_free(item.fields[0].value.text);
          item.fields[0].value.text = nullptr;
      }},
