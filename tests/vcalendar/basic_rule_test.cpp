@@ -295,6 +295,8 @@ TEST(BasicRule, WithoutAStartOnlyWhatLeavesNothingToIt) {
         {"MP1 #0", "none"},
         {"MD1 10 #0", "none"},
         {"YM1 3 #0", "none"},
+        {"MD1 0 #0", "none"},
+        {"YM1 0 #0", "none"},
     };
     for (const ReadRow& row : rows) {
         EXPECT_EQ(in_words(parse_basic_rule(row.rule, CalendarTime{})), row.record) << row.rule;

@@ -207,6 +207,7 @@ TEST(Rrule, WithoutAStartOnlyWhatLeavesNothingToIt) {
         {"FREQ=MONTHLY;BYDAY=2TU", "monthly 1 position 2 TU"},
         {"FREQ=YEARLY", "yearly 1"},
         {"FREQ=YEARLY;BYMONTH=3", "none"},
+        {"FREQ=YEARLY;BYMONTH=0", "none"},
         {"FREQ=DAILY;COUNT=2", "none"},
     };
     for (const ReadRow& row : rows) {
