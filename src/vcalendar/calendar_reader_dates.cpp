@@ -73,8 +73,8 @@ CalendarTime on_its_day(const CalendarTime& time, std::uint32_t item_type) {
     return lasts_days(item_type) && time.hour != 0 ? to_local(time) : time;
 }
 
-// The first line of that ID that has a date. One that can be read as it stands is not decoded: the encoding is
-// that of the sound or the text behind it.
+// The first line of that ID that has a date. One that can be read as it stands is not decoded: the encoding
+// is that of the sound or the text behind it.
 std::optional<CalendarTime> first_alarm(const EntryText& entry, PropertyId id) {
     std::string storage;
     for (const versit::IdentifiedLine& line : entry.lines) {

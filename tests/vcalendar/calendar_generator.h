@@ -1,5 +1,5 @@
-// Random calendar entries, the same on every machine for one seed: of one size, for one trip, without what the
-// rules of that trip lose.
+// Random calendar entries, the same for one seed: of one size, for one trip, without what the rules of that
+// trip lose.
 #pragma once
 
 #include <cstdint>
