@@ -287,6 +287,35 @@ TEST(CalendarReaderInMachineZone, DaysThatAreGivenInUtcBecomeLocal) {
         in_machine_zone(zone, read_days_given_in_utc);
 }
 
+TEST(CalendarReaderInMachineZone, TheLocalDayIsThatOfTheRulesOfItsDate) {
+    struct ZoneCase {
+        const char* zone;
+        const char* utc;
+        const char* local;
+    };
+    constexpr ZoneCase kCases[] = {
+        {"UTC", "20090701T220000Z", "2009-07-01 22:00:00"},
+        {"Europe/Berlin", "20090101T230000Z", "2009-01-02 00:00:00"},
+        {"Europe/Berlin", "20090630T220000Z", "2009-07-01 00:00:00"},
+        {"Europe/Berlin", "20090329T010000Z", "2009-03-29 03:00:00"},
+        {"America/New_York", "20090102T050000Z", "2009-01-02 00:00:00"},
+        {"America/New_York", "20090702T040000Z", "2009-07-02 00:00:00"},
+        {"Australia/Sydney", "20090101T130000Z", "2009-01-02 00:00:00"},
+        {"Australia/Sydney", "20090630T140000Z", "2009-07-01 00:00:00"},
+    };
+    for (const ZoneCase& row : kCases) {
+        in_machine_zone(row.zone, [&row] {
+            const std::string dates = "\r\nDTSTART:" + std::string(row.utc) + "\r\nDTEND:" + row.utc;
+            const std::string local = "start " + std::string(row.local) + "\nend " + row.local + "\n";
+            for (const char* version : {"1.0", "2.0"}) {
+                EXPECT_EQ(read_event("CATEGORIES:BIRTHDAY" + dates, version), "type 3\n" + local) << row.zone;
+                EXPECT_EQ(read_event("CATEGORIES:MEMO" + dates, version), "type 4\n" + local) << row.zone;
+                EXPECT_EQ(read_event("X-VZAPI-ITEM-TYPE:" + dates, version), "type 8\n" + local) << row.zone;
+            }
+        });
+    }
+}
+
 TEST(CalendarReader, ABirthdayWithoutEndLastsItsStartDayInVersion20) {
     const std::string birthday = "CATEGORIES:BIRTHDAY\r\nDTSTART:20090102T000000";
     EXPECT_EQ(read_event(birthday, "2.0"), "type 3\nstart 2009-01-02 00:00:00\nend 2009-01-02 00:00:00\n");
