@@ -22,7 +22,7 @@ struct FieldRow {
     std::uint32_t id;
     versit::PropertyId property;  // None for the reference
     FieldKind kind;
-    bool in_todo;  // whether a to-do has it
+    bool in_todo;  // whether a to-do is written with it
 };
 
 inline constexpr std::string_view kReferenceName = "X-VZAPI-CAL-REFERENCE";

@@ -92,7 +92,7 @@ public:
           describes_birth_year_(describes_birth_year(item_type, api_version)),
           builder_(builder) {}
 
-    void read_event_line(const versit::IdentifiedLine& line) {
+    void read_line(const versit::IdentifiedLine& line) {
         if (line.id == PropertyId::None) {
             const bool is_reference = versit::equals_ignoring_case(line.line.raw_name(), kReferenceName);
             if (is_reference) read_reference(line.line);
@@ -106,8 +106,8 @@ public:
     void read_todo_line(const versit::IdentifiedLine& line) {
         if (line.id == PropertyId::XClass) {
             if (!other_class_) other_class_ = parse_class(values_.text(line.line));
-        } else if (const FieldRow* row = find_row(line.id); row != nullptr && row->in_todo) {
-            if (row->kind == FieldKind::Status || has_place_beside_status()) read_field(*row, line.line);
+        } else if (line.id == PropertyId::Status || has_place_beside_status()) {
+            read_line(line);
         }
     }
 
@@ -186,7 +186,7 @@ private:
 void read_event_fields(const EntryText& entry, EntryValues& values, std::uint32_t item_type,
                        std::uint32_t api_version, CalendarBuilder& builder) {
     FieldReader reader(values, item_type, api_version, builder);
-    for (const versit::IdentifiedLine& line : entry.lines) reader.read_event_line(line);
+    for (const versit::IdentifiedLine& line : entry.lines) reader.read_line(line);
 }
 
 void read_todo_fields(const EntryText& entry, EntryValues& values, std::uint32_t item_type,

@@ -14,7 +14,7 @@ namespace vzapi::vcalendar {
 void read_event_fields(const EntryText& entry, EntryValues& values, std::uint32_t item_type,
                        std::uint32_t api_version, CalendarBuilder& builder);
 
-// The same for a to-do, which has fewer fields, always a status, and its class also as X-CLASS.
+// The same for a to-do, which always has a status, and its class also as X-CLASS.
 void read_todo_fields(const EntryText& entry, EntryValues& values, std::uint32_t item_type,
                       std::uint32_t api_version, CalendarBuilder& builder);
 

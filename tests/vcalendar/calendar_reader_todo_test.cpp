@@ -114,7 +114,9 @@ TEST(TodoReader, Fields) {
         {"CLASS:CONFIDENTIAL\r\nX-CLASS:PUBLIC", "204 =2\n"},
         {"X-CLASS:odd\r\nX-CLASS:NONE\r\nX-CLASS:PUBLIC", "204 =3\n"},
         {"GEO:1.5;2.5", "205 1.5|2.5\n"},
-        {"LOCATION:a\r\nX-VZAPI-CAL-REFERENCE:1;2;3\r\nX-BIRTHYEAR:1970\r\nCATEGORIES:CALL", ""},
+        {"LOCATION:a", "301 a\n"},
+        {"X-VZAPI-CAL-REFERENCE:1;2;3", "306 =1=2=3\n"},
+        {"X-BIRTHYEAR:1970\r\nCATEGORIES:CALL", ""},
     };
     for (const char* version : {"1.0", "2.0"}) {
         for (const TextCase& row : cases) {
