@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -146,6 +147,33 @@ TEST(EmailItem, EncodingsAreFoundByMarkAndDeclaration) {
         {"the mark of UTF-32", "\xFF\xFE\0\0<\0\0\0a\0\0\0/\0\0\0>\0\0\0"s, kRefused},
     };
     expect_rows(rows);
+}
+
+TEST(EmailItem, EveryNameOfACharacterSet) {
+    const struct {
+        const char* bytes;
+        const char* expected;
+        std::initializer_list<const char*> names;
+    } rows[] = {
+        {"\xC3\xA9", "text=\\u00E9", {"UTF-8", "utf-8", "UTF8", "UTF-16"}},
+        {"\xE9", "text=\\u00E9", {"ISO-8859-1", "iso-8859-1", "ISO8859-1", "LATIN1", "Latin1"}},
+        {"\x93\xFA",
+         "text=\\u65E5",
+         {"Shift_JIS", "shift_jis", "Shift-JIS", "SJIS", "x-sjis", "Windows-31J", "CP932"}},
+        {"e", "text=e", {"US-ASCII", "us-ascii", "ASCII"}},
+        {"e",
+         kRefused,
+         {"UTF", "UTF-80", "UTF-7", "UTF-32", "ISO-8859", "ISO-8859-15", "SHIFT", "WINDOWS-1252", "A", "8"}},
+    };
+    for (const auto& row : rows) {
+        for (const char* const name : row.names) {
+            const std::string declaration = "<?xml version='1.0' encoding='" + std::string(name) + "'?>";
+            EXPECT_EQ(
+                email_of(declaration + in_email("<emailitem>" + std::string(row.bytes) + "</emailitem>")),
+                row.expected)
+                << name;
+        }
+    }
 }
 
 std::string utf16(std::u16string_view text, bool is_big_endian) {

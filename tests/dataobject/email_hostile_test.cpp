@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "dataobject/email_text.h"
 #include "support/loopback_listener.h"
+#include "support/watched_file.h"
 
 namespace {
 
@@ -54,16 +54,30 @@ TEST(EmailItemHostile, NothingIsFetchedFromTheNetwork) {
     EXPECT_FALSE(listener.was_touched());
 }
 
-TEST(EmailItemHostile, NoFileIsRead) {
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / "vzapi_email_entity.txt";
-    std::ofstream(path) << "from the file";
-    std::string url = path.generic_string();
-    url = (url.front() == '/' ? "file://" : "file:///") + url;
+TEST(EmailItemHostile, TheFileOfTheseTestsNotices) {
+    const WatchedFile file;
+    EXPECT_FALSE(file.was_opened());
+    EXPECT_TRUE(std::ifstream(file.path()).is_open());
+    EXPECT_TRUE(file.was_opened());
+    EXPECT_FALSE(file.was_opened());
+}
+
+TEST(EmailItemHostile, NoFileIsOpened) {
+    const WatchedFile file;
     const std::string email = "<Email><emailitem>&e;</emailitem></Email>";
-    EXPECT_EQ(email_of("<!DOCTYPE Email [<!ENTITY e SYSTEM '" + url + "'>]>" + email), kRefused);
-    EXPECT_EQ(email_of("<!DOCTYPE Email [<!ENTITY e SYSTEM '" + path.string() + "'>]>" + email), kRefused);
-    EXPECT_EQ(email_of("<!DOCTYPE Email SYSTEM '" + url + "'>" + email), kRefused);
-    std::filesystem::remove(path);
+    for (const std::string& name : {file.url(), file.path()}) {
+        EXPECT_EQ(email_of("<!DOCTYPE Email SYSTEM '" + name + "'><Email><read>1</read></Email>"), kRefused);
+        EXPECT_EQ(email_of("<!DOCTYPE Email SYSTEM '" + name + "'>" + email), kRefused);
+        EXPECT_EQ(email_of("<!DOCTYPE Email PUBLIC '-//x//y' '" + name + "'><Email/>"), kRefused);
+        EXPECT_EQ(email_of("<!DOCTYPE Email [<!ENTITY e SYSTEM '" + name + "'>]>" + email), kRefused);
+        EXPECT_EQ(email_of("<!DOCTYPE Email [<!ENTITY % p SYSTEM '" + name + "'>%p;]>" + email), kRefused);
+        EXPECT_EQ(email_of("<?xml-stylesheet type='text/xsl' href='" + name +
+                           "'?>"
+                           "<Email xmlns:xi='http://www.w3.org/2001/XInclude' xmlns='x-schema:" +
+                           name + "'><xi:include href='" + name + "'/><read>1</read></Email>"),
+                  "read=1");
+        EXPECT_FALSE(file.was_opened()) << name;
+    }
 }
 
 TEST(EmailItemHostile, EveryDoctypeIsRefused) {

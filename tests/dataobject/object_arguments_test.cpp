@@ -6,11 +6,15 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "dataobject/email_text.h"
 #include "support/guard_page.h"
 #include "support/text.h"
 #include "vzapi/odcapi.h"
+
+// In C, where a function may be called with other arguments than it takes.
+extern "C" unsigned field_functions_that_fail(std::uint64_t number, const void* pointer);
 
 namespace {
 
@@ -121,6 +125,28 @@ TEST(ParseDataObject, ARecordThatEndsBeforeItsSizeIsNotTouched) {
     EXPECT_EQ(ODCAPI_ParseDataObject(VZ_OBJECT_EMAIL, &in, page.last(39)), kPointer);
 }
 
+struct SmallestRecord {
+    std::uint32_t kind;
+    std::uint32_t size;
+};
+
+constexpr SmallestRecord kSmallestRecords[] = {{1, 64}, {2, 112}, {3, 64}, {4, 32}, {5, 40}, {6, 40}};
+
+// Its size says that it ends where the memory does: one byte before any record of the kind may end.
+TEST(ParseDataObject, ARecordShorterThanAnyOfItsKindIsNotTouched) {
+    const GuardPage page;
+    const DataObject in = some_object();
+    for (const SmallestRecord& row : kSmallestRecords) {
+        const std::uint32_t size = row.size - 1;
+        std::byte* const record = page.last(size);
+        std::memset(record, 0xA5, size);
+        std::memcpy(record, &size, sizeof size);
+        const std::vector<std::byte> before(record, record + size);
+        EXPECT_EQ(ODCAPI_ParseDataObject(row.kind, &in, record), kPointer) << row.kind;
+        EXPECT_EQ(std::memcmp(record, before.data(), size), 0) << row.kind;
+    }
+}
+
 TEST(ParseDataObject, TextRecordsAreZeroedOverTheirOwnSize) {
     const DataObject in = some_object();
     for (const std::uint32_t kind : kTextKinds) {
@@ -167,7 +193,9 @@ TEST(FreeParsedData, ChecksKindAndPointer) {
         EXPECT_EQ(ODCAPI_FreeParsedData(kind, nullptr), kPointer) << kind;
         EXPECT_EQ(ODCAPI_FreeParsedData(kind, page.unreadable()), kPointer) << kind;
     }
-    EXPECT_EQ(ODCAPI_FreeParsedData(VZ_OBJECT_EMAIL, page.last(39)), kPointer);
+    for (const SmallestRecord& row : kSmallestRecords) {
+        EXPECT_EQ(ODCAPI_FreeParsedData(row.kind, page.last(row.size - 1)), kPointer) << row.kind;
+    }
     EXPECT_EQ(record.zeros_end(), 4U);
 }
 
@@ -224,6 +252,19 @@ TEST(CreateDataObject, ChecksKindThenPointersThenSize) {
     }
 }
 
+TEST(CreateDataObject, ARecordShorterThanAnyOfItsKindIsTold) {
+    const GuardPage page;
+    for (const SmallestRecord& row : kSmallestRecords) {
+        std::byte* const record = page.last(row.size - 1);
+        std::memset(record, 0, row.size - 1);
+        std::memcpy(record, &row.size, sizeof row.size);
+        DataObject out{24, 7, 9, g_text.data()};
+        EXPECT_EQ(ODCAPI_CreateDataObject(row.kind, record, &out), kPointer) << row.kind;
+        EXPECT_EQ(out.length, 9U) << row.kind;
+        EXPECT_EQ(out.text, g_text.data()) << row.kind;
+    }
+}
+
 void expect_refused_in_silence(std::uint32_t kind, const void* record) {
     DataObject out{24, 7, 9, g_text.data()};
     EXPECT_EQ(ODCAPI_CreateDataObject(kind, record, &out), VZ_OK) << kind;
@@ -265,6 +306,7 @@ TEST(FreeDataObject, ChecksPointerAndSize) {
         DataObject object{size, 7, 9, g_text.data()};
         EXPECT_EQ(ODCAPI_FreeDataObject(&object), kBadValue) << size;
         EXPECT_EQ(object.size, size);
+        EXPECT_EQ(object.format, 7U);
         EXPECT_EQ(object.length, 9U);
         EXPECT_EQ(object.text, g_text.data());
     }
@@ -277,6 +319,7 @@ TEST(FreeDataObject, EmptiesAnObjectWithoutBytesOrWithForeignOnes) {
         DataObject object{24, 7, 9, text};
         EXPECT_EQ(ODCAPI_FreeDataObject(&object), VZ_OK);
         EXPECT_EQ(object.size, 0U);
+        EXPECT_EQ(object.format, 7U);
         EXPECT_EQ(object.length, 0U);
         EXPECT_EQ(object.text, nullptr);
     }
@@ -362,6 +405,17 @@ TEST(FieldFunctions, AnswerZero) {
          {Without{ODCAPI_CreateBegin}, Without{ODCAPI_InitializeSupportInfo}, Without{ODCAPI_AddField},
           Without{ODCAPI_DeleteField}, Without{ODCAPI_CreateEnd}}) {
         EXPECT_EQ(function(), VZ_OK);
+    }
+}
+
+TEST(FieldFunctions, AnswerZeroWhateverTheyAreGiven) {
+    const GuardPage page;
+    for (const void* const pointer :
+         {static_cast<const void*>(nullptr), static_cast<const void*>(page.begin()),
+          static_cast<const void*>(page.unreadable())}) {
+        for (const std::uint64_t number : {std::uint64_t{0}, std::uint64_t{1}, UINT64_MAX}) {
+            EXPECT_EQ(field_functions_that_fail(number, pointer), 0U) << number;
+        }
     }
 }
 

@@ -1,6 +1,10 @@
 // Initialise and terminate of the data-object family, as a host application sees them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
 #include "support/guard_page.h"
 #include "vzapi/odcapi.h"
 #include "vzapi/vzapi.h"
@@ -19,6 +23,10 @@ TEST(ObjectLifecycle, TheVersionNeedsAPlace) {
     const GuardPage page;
     EXPECT_EQ(ODCAPI_GetAPIVersion(nullptr), 0x80100012U);
     EXPECT_EQ(ODCAPI_GetAPIVersion(page.unreadable_as<std::uint32_t>()), 0x80100012U);
+    std::byte* const short_place = page.last(3);
+    std::fill_n(short_place, 3, std::byte{0xA5});
+    EXPECT_EQ(ODCAPI_GetAPIVersion(page.last_as<std::uint32_t>(3)), 0x80100012U);
+    EXPECT_EQ(std::count(short_place, short_place + 3, std::byte{0xA5}), 3);
 }
 
 struct InitializeCase {

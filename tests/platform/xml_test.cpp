@@ -11,6 +11,7 @@
 #include "platform/xml_parser.h"
 #include "platform/xml_reduction.h"
 #include "support/loopback_listener.h"
+#include "support/watched_file.h"
 
 namespace vzapi::platform {
 namespace {
@@ -85,16 +86,20 @@ TEST(XmlChildren, FindsAParentOfAnyName) {
 // Should a document ever come to it unreduced: it opens nothing by itself either.
 TEST(XmlParser, OpensNothingByItself) {
     const test::LoopbackListener listener;
-    const std::u16string url = utf8_to_utf16(listener.url("a.dtd"));
-    for (const std::u16string& document :
-         {u"<!DOCTYPE p SYSTEM '" + url + u"'><p><a>&e;</a></p>",
-          u"<!DOCTYPE p [<!ENTITY e SYSTEM '" + url + u"'>]><p><a>&e;</a></p>",
-          u"<!DOCTYPE p [<!ENTITY % e SYSTEM '" + url + u"'>%e;]><p><a/></p>"}) {
-        std::vector<XmlElement> children;
-        static_cast<void>(parse_reduced_xml(document, u"p", children));
-        for (const XmlElement& child : children) EXPECT_EQ(child.text, u"");
+    const test::WatchedFile file;
+    for (const std::string& name : {listener.url("a.dtd"), file.url(), file.path()}) {
+        const std::u16string url = utf8_to_utf16(name);
+        for (const std::u16string& document :
+             {u"<!DOCTYPE p SYSTEM '" + url + u"'><p><a>&e;</a></p>",
+              u"<!DOCTYPE p [<!ENTITY e SYSTEM '" + url + u"'>]><p><a>&e;</a></p>",
+              u"<!DOCTYPE p [<!ENTITY % e SYSTEM '" + url + u"'>%e;]><p><a/></p>"}) {
+            std::vector<XmlElement> children;
+            static_cast<void>(parse_reduced_xml(document, u"p", children));
+            for (const XmlElement& child : children) EXPECT_EQ(child.text, u"");
+        }
     }
     EXPECT_FALSE(listener.was_touched());
+    EXPECT_FALSE(file.was_opened());
 }
 
 }  // namespace

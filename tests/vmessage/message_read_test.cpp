@@ -241,6 +241,8 @@ TEST(MessageReading, TheNumbersOfACard) {
         {u"TEL;QUOTED-PRINTABLE;CHARSET=\"SHIFT_JIS\":=93=FA=83\\\r\n", {u"\u65E5\u30BD"}},
         {u"TEL;QUOTED-PRINTABLE:\u00E9=C3=A9\u65E5=41\r\n", {u"\u00E9\u00E9\u65E5A"}},
         {u"TEL;ENCODING=BASE64:KzE1NTU\r\n", {u"+1555"}},
+        {u"TEL;ENCODING=BASE64:Q2Fmw6k\r\n", {u"Caf\u00E9"}},
+        {u"TEL;ENCODING=BASE64;CHARSET=ISO-8859-1:Y2Fm6Q\r\n", {u"caf\u00E9"}},
         {u"TEL;ENCODING=QUOTED-PRINTABLE:1=002\r\n", {u"1"}},
         {u"TEL;ENCODING=X-OTHER:=41\r\n", {u"=41"}},
         {u"TEL:Caf\u00E9 \xD800\r\n", {u"Caf\u00E9 \xD800"}},
@@ -315,6 +317,18 @@ TEST(MessageReading, MissingAndStrayFramesDoNotMatter) {
     EXPECT_EQ(read_message(begin + u"BEGIN:VBODY\r\n").text, u"");
 }
 
+TEST(MessageReading, AComponentWithoutItsEndEndsWithTheOneAroundIt) {
+    const std::u16string begin = u"BEGIN:VMSG\r\nVERSION:1.1\r\n";
+    const std::u16string unended = u"BEGIN:VENV\r\nBEGIN:VCARD\r\nBEGIN:X-OTHER\r\nEND:VENV\r\n";
+    const std::u16string body = u"BEGIN:VBODY\r\na\r\nEND:VBODY\r\n";
+    const std::u16string end = u"X-IRMC-STATUS:READ\r\nTEL:1\r\nEND:VMSG\r\n";
+    EXPECT_EQ(read_message(begin + unended + body + end), (Message{5, 3, {}, u"a", {}}));
+    // What hangs to its END:VBODY makes that no end of something else.
+    EXPECT_EQ(
+        read_message(begin + u"BEGIN:X-OTHER\r\n" + body.substr(0, body.size() - 2) + u"\nmore:1\r\n" + end),
+        (Message{0, 3, {}, u"a", {}}));
+}
+
 TEST(MessageReading, EveryBeginningOfAMessageIsReadOrRefused) {
     const std::u16string text = message_text(card(u"TEL:1\r\n"), u"Date:05.03.2009 14:07:09\r\na\r\nb\r\n");
     const std::size_t body = text.find(u"BEGIN:VBODY") + 11;
@@ -322,6 +336,24 @@ TEST(MessageReading, EveryBeginningOfAMessageIsReadOrRefused) {
         const bool has_body = size >= body && size != body + 1;  // a CR alone ends no line
         EXPECT_EQ(read_result(text.substr(0, size)), has_body ? VZ_OK : VZ_ERR_INVALID_TEXT) << size;
     }
+}
+
+TEST(MessageReading, ManyEmptyLinesBehindBareLineFeeds) {
+    const std::u16string text =
+        u"BEGIN:VMSG\n\n\n\nVERSION:1.1\n\n\n\nX-IRMC-STATUS:READ\n\n\n\nX-IRMC-BOX:INBOX\n\n\n\n"
+        u"X-NRD-DT:20090305T140709Z\n\n\n\nBEGIN:VCARD\n\n\n\nTEL:1\n\n\n\n"
+        u"TEL;ENCODING=QUOTED-PRINTABLE:=32\n\n\n\nEND:VCARD\n\n\n\nBEGIN:VBODY\na\nEND:VBODY\nEND:VMSG\n";
+    EXPECT_EQ(read_message(text), (Message{5, 1, {u"1", u"2"}, u"a", kTime}));
+}
+
+TEST(MessageReading, FramesInAnyCaseWithBlanksBehind) {
+    const std::u16string text =
+        u"BEGIN:VMSG\r\nVERSION:1.1\r\nBEGIN:VENV\r\nX-IRMC-STATUS:READ\r\nbegin:vcard \r\nTEL:1\r\n"
+        u"End:VCard \t\r\nTEL:2\r\nbegin:vbody \r\na\r\nend:vbody\t\r\nend:venv \r\nX-IRMC-BOX:SENT\r\n"
+        u"end:vmsg \r\nX-IRMC-STATUS:SENT\r\n";
+    EXPECT_EQ(read_message(text), (Message{0, 3, {u"1"}, u"a", {}}));
+    EXPECT_EQ(read_message(u"BEGIN:VMSG \r\nVERSION:1.1\r\nBEGIN:VBODY\r\na\r\n"),
+              (Message{0, 3, {}, u"a", {}}));
 }
 
 TEST(MessageReading, BareLineFeedsAndEmptyLines) {

@@ -100,6 +100,16 @@ TEST(MessageRelease, WhatTheLibraryDidNotAllocateIsLeftAlone) {
     EXPECT_EQ(std::u16string(text), u"Hello");
 }
 
+TEST(MessageRelease, TheArrayItselfTellsHowManyAddressesItHas) {
+    for (const std::uint8_t count : {std::uint8_t{0}, std::uint8_t{1}, std::uint8_t{3}, std::uint8_t{255}}) {
+        OwnedMessage message;
+        ASSERT_EQ(message.read(text_with_two_numbers()), VZ_OK);
+        message.item.addressCount = count;
+        EXPECT_EQ(FreeConverterData(VZ_TYPE_MESSAGE, &message.item), VZ_OK);
+        expect_released(message.item);
+    }
+}
+
 TEST(MessageRelease, AnUnreadableNumberDoesNotKeepTheOthers) {
     const GuardPage page;
     OwnedMessage message;
