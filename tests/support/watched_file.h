@@ -6,8 +6,8 @@
 
 namespace vzapi::test {
 
-// On Linux a file of its own in the folder for temporary files, on Windows a pipe with a name, since that system
-// tells nobody of the reading of a file.
+// On Linux a file of its own in the folder for temporary files, on Windows a pipe with a name, since that
+// system tells nobody of the reading of a file.
 class WatchedFile {
 public:
     WatchedFile();

@@ -197,6 +197,7 @@ TEST(MessageReading, TheTimeOfTheHeaderBeforeThatOfTheBody) {
         {u"X-NRD-DT:20090305T140709Z\r\nX-NRD-DT:00000T000000Z\r\n", u"a\n", {}, u"a"},
         {u"", u"Date:05.03.2009 14:07:09\r\na\n", kTime, u"a"},
         {u"", u"DATE: 5.3.2009  14:07:09 \na\n", kTime, u"a"},
+        {u"", u"date:05.03.2009 14:07:09\na\n", kTime, u"a"},
         {u"", u"Date:05.03.2009 14:07\na\n", {2009, 3, 5, 14, 7, 0}, u"a"},
         {u"", u"Date:00.00.0 00:00:00\na\n", {}, u"a"},
         {u"", u"Date:  \na\n", {}, u"a"},

@@ -1,5 +1,5 @@
-// What the last termination of either family does to the COM of its thread: it is initialised multithreaded, and
-// released again only where that was the first initialisation. Hosts that count theirs rely on it.
+// What the last termination of either family does to the COM of its thread: it is initialised, and released
+// again only where nobody had initialised it before. Hosts that count theirs rely on it.
 #include <gtest/gtest.h>
 #include <windows.h>
 // After windows.h, on which it depends.
