@@ -52,10 +52,16 @@ void skip_blanks(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
 }
 
+// An instruction may have a name that goes on behind "xml".
+bool begins_with_declaration(std::string_view document) {
+    constexpr std::string_view kBegin = "<?xml";
+    return document.starts_with(kBegin) && document.find_first_of(kBlanks) == kBegin.size();
+}
+
 // The value of encoding="..." in the declaration; empty when there is none. Whether the declaration is as it
 // has to be is found out later, when its characters are known.
 std::string_view declared_charset(std::string_view document) {
-    if (!document.starts_with("<?xml")) return {};
+    if (!begins_with_declaration(document)) return {};
     std::string_view declaration = document.substr(0, document.find("?>"));
     const std::size_t at = declaration.find("encoding");
     if (at == std::string_view::npos) return {};
