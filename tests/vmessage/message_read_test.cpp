@@ -407,6 +407,7 @@ TEST(MessageReading, TheTextOfASmsProperty) {
         {u"X-SMS;TYPE=TEXT:\n", u""},
         {u"X-SMS;TYPE=TEXT:\n\n", u"\r\n"},
         {u"x-sms;type=text:a\n", u"a"},
+        {u"X-Sms;Type=Text:a\n", u"a"},
         {u"X-SMS;CHARSET=UTF-8;TYPE=TEXT:a\n", u"a"},
         {u"X-SMS;TYPE=TEXT;CHARSET=UTF-8:QUOTED-PRINTABLE =41=\nBASE64\n",
          u"QUOTED-PRINTABLE =41=\r\nBASE64"},

@@ -1,5 +1,5 @@
-// E-mail items in threads whose COM the host has initialised in one way or another: they are read, and the host
-// finds its COM as it was.
+// E-mail items in threads whose COM the host has initialised in one way or another: they are read, and the
+// host finds its COM as it was.
 #include <gtest/gtest.h>
 #include <windows.h>
 // After windows.h, on which it depends.
