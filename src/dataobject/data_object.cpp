@@ -114,7 +114,6 @@ void create(std::uint32_t kind, const void* record, DataObject& out) {
         out.length = text.length;
         out.text = std::exchange(text.text, nullptr);
     }
-    text.size = sizeof text;
     require_ok(FreeVersitData(&text));
 }
 
