@@ -61,7 +61,7 @@ void require_output_size(const ConverterRow& row, const VersitData& out) {
 // Gives the caller a block of its own with the bytes of `text`.
 void hand_out(std::string_view bytes, VersitData& out) {
     if (bytes.size() > UINT32_MAX) raise(VZ_ERR_OUT_OF_MEMORY);
-    platform::HeapPointer<void> block(platform::heap_allocate(bytes.size()));
+    platform::HeapPointer<void> block(platform::heap_allocate_unfilled(bytes.size()));
     if (!block) raise(VZ_ERR_OUT_OF_MEMORY);
     std::memcpy(block.get(), bytes.data(), bytes.size());
     out.length = static_cast<std::uint32_t>(bytes.size());
