@@ -30,6 +30,12 @@ constexpr Row kReductions[] = {
     {u"<\u00E9\U00010000/>", "<_00e9_d800_dc00/>"},
     {u"<a>\u00E9\U0001F600</a>", "<a>\xC3\xA9\xF0\x9F\x98\x80</a>"},
     {u"<a></b>", "<a></b>"},  // for the parser to see
+    {u"<a/><b/>", "refused"},
+    {u"<a></a><b></b>", "refused"},
+    {u"</a>", "refused"},
+    {u"<a></a></a>", "refused"},
+    {u"</a><a>", "refused"},
+    {u"<a><b></b>", "refused"},
 };
 
 TEST(XmlReduction, LeavesTagsAndText) {
