@@ -1,4 +1,5 @@
-// What lies behind an XML document's reading: the reduction, the characters, and the system's parser by itself.
+// What lies behind the reading of an XML document: the reduction, the characters, and the system's parser by
+// itself.
 #include "platform/xml.h"
 
 #include <gtest/gtest.h>
