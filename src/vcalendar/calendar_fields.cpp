@@ -9,6 +9,7 @@ namespace {
 
 using enum FieldKind;
 using versit::PropertyId;
+using versit::WordRow;
 
 constexpr FieldRow kFields[] = {
     // clang-format off
@@ -24,7 +25,6 @@ constexpr FieldRow kFields[] = {
     // clang-format on
 };
 
-constexpr WordRow kClassWords[] = {{1, "PRIVATE"}, {2, "PUBLIC"}, {3, "NONE"}};
 constexpr WordRow kStatusWords[] = {{VZ_TODO_NEEDS_ACTION, "NEEDS ACTION"}, {VZ_TODO_COMPLETED, "COMPLETED"}};
 
 }  // namespace
@@ -41,10 +41,6 @@ const FieldRow* find_calendar_field(std::uint32_t id) noexcept {
 
 bool has_birth_year(std::uint32_t item_type) noexcept {
     return item_type == VZ_ITEM_BIRTHDAY || item_type == VZ_ITEM_ANNIVERSARY;
-}
-
-std::span<const WordRow> class_words() noexcept {
-    return kClassWords;
 }
 
 std::span<const WordRow> status_words() noexcept {

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "versit/coded_value.h"
 #include "versit/names.h"
 
 namespace vzapi::vcalendar {
@@ -38,14 +39,7 @@ inline constexpr std::string_view kItemTypeName = "X-VZAPI-ITEM-TYPE";
 // True when 0x302 is the birth year of an item of that type.
 [[nodiscard]] bool has_birth_year(std::uint32_t item_type) noexcept;
 
-// A number and the word that stands for it in a line.
-struct WordRow {
-    std::uint32_t code;
-    std::string_view word;
-};
-
-// In the order of the codes, which begin at 1. Words are compared without regard to case when read.
-[[nodiscard]] std::span<const WordRow> class_words() noexcept;   // PRIVATE, PUBLIC, NONE
-[[nodiscard]] std::span<const WordRow> status_words() noexcept;  // NEEDS ACTION, COMPLETED
+// NEEDS ACTION, COMPLETED, in the order of the codes, which begin at 1.
+[[nodiscard]] std::span<const versit::WordRow> status_words() noexcept;
 
 }  // namespace vzapi::vcalendar

@@ -9,16 +9,18 @@
 
 #include "vcalendar/calendar_fields.h"
 #include "versit/ascii.h"
+#include "versit/coded_value.h"
 #include "vzapi/vzapi.h"
 
 namespace vzapi::vcalendar {
 namespace {
 
+using versit::parse_number;
 using versit::PropertyId;
 using versit::VersitProperty;
 
 // Spellings of a status beside that of status_words(), which is the written one.
-constexpr WordRow kOtherStatusWords[] = {
+constexpr versit::WordRow kOtherStatusWords[] = {
     {VZ_TODO_NEEDS_ACTION, "NEEDS-ACTION"},
     {VZ_TODO_NEEDS_ACTION, "NEEDS_ACTION"},
 };
@@ -31,35 +33,14 @@ const FieldRow* find_row(PropertyId property) {
     return row == rows.end() ? nullptr : &*row;
 }
 
-std::optional<std::uint32_t> find_code(std::span<const WordRow> rows, std::u16string_view word) {
-    for (const WordRow& row : rows) {
-        if (versit::equals_ignoring_case(word, row.word)) return row.code;
-    }
-    return std::nullopt;
-}
-
-// Decimal digits alone, blanks around them allowed; nothing for a number of more than 32 bits.
-std::optional<std::uint32_t> parse_number(std::u16string_view text) {
-    text = versit::trim_blanks(text);
-    if (text.empty()) return std::nullopt;
-    std::uint64_t number = 0;
-    for (const char16_t unit : text) {
-        if (unit < u'0' || unit > u'9') return std::nullopt;
-        number = number * 10 + (unit - u'0');
-        if (number > UINT32_MAX) return std::nullopt;
-    }
-    return static_cast<std::uint32_t>(number);
-}
-
 std::optional<std::uint32_t> parse_class(std::u16string_view text) {
-    return find_code(class_words(), versit::trim_blanks(text));
+    return versit::find_code(versit::class_words(), text);
 }
 
 std::optional<std::uint32_t> parse_status(std::u16string_view text) {
-    const std::u16string_view word = versit::trim_blanks(text);
-    if (const auto code = find_code(status_words(), word)) return code;
-    if (const auto code = find_code(kOtherStatusWords, word)) return code;
-    return parse_number(word);
+    if (const auto code = versit::find_code(status_words(), text)) return code;
+    if (const auto code = versit::find_code(kOtherStatusWords, text)) return code;
+    return parse_number(text);
 }
 
 // Three numbers joined with ';'.

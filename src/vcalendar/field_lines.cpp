@@ -1,5 +1,4 @@
 // The entries of the array `fields`.
-#include <algorithm>
 #include <array>
 
 #include "vcalendar/calendar_fields.h"
@@ -14,14 +13,8 @@ std::uint32_t number_of(const CalendarField& field) noexcept {
     return static_cast<std::uint32_t>(field.value.number);
 }
 
-std::string_view word_of(std::uint32_t code, std::span<const WordRow> words) noexcept {
-    const auto row =
-        std::find_if(words.begin(), words.end(), [code](const WordRow& each) { return each.code == code; });
-    return row == words.end() ? std::string_view() : row->word;
-}
-
 void write_class(CalendarWriting& writing, const CalendarField& field) {
-    const std::string_view word = word_of(number_of(field), class_words());
+    const std::string_view word = versit::find_word(versit::class_words(), number_of(field));
     if (!word.empty()) writing.lines().property(PropertyId::Class, {}, word);
 }
 
@@ -54,7 +47,7 @@ void write_text(CalendarWriting& writing, PropertyId property, const CalendarFie
 
 void write_status(CalendarWriting& writing, const CalendarField& field) {
     const std::uint32_t status = number_of(field);
-    const std::string_view word = word_of(status, status_words());
+    const std::string_view word = versit::find_word(status_words(), status);
     if (!word.empty()) {
         writing.lines().property(PropertyId::Status, {}, word);
     } else if (status != 0) {

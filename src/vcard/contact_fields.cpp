@@ -10,6 +10,7 @@ namespace {
 using enum ContactList;
 using enum ValueKind;
 using versit::PropertyId;
+using versit::WordRow;
 
 constexpr FieldRow kFields[] = {
     // clang-format off
@@ -99,12 +100,6 @@ constexpr auto make_index() {
 }
 constexpr auto kIndex = make_index();
 
-constexpr WordRow kClassWords[] = {
-    {VZ_CLASS_PRIVATE, "PRIVATE"},
-    {VZ_CLASS_PUBLIC, "PUBLIC"},
-    {VZ_CLASS_NONE, "NONE"},
-};
-
 constexpr WordRow kGenderWords[] = {
     {VZ_GENDER_MALE, "male"},
     {VZ_GENDER_FEMALE, "female"},
@@ -127,10 +122,6 @@ std::span<const FieldRow> contact_fields() noexcept {
 
 const FieldRow* find_contact_field(std::uint32_t id) noexcept {
     return id <= kLastId && kIndex[id] != kNoRow ? &kFields[kIndex[id]] : nullptr;
-}
-
-std::span<const WordRow> class_words() noexcept {
-    return kClassWords;
 }
 
 std::span<const WordRow> gender_words() noexcept {

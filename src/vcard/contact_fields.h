@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "versit/coded_value.h"
 #include "versit/names.h"
 
 namespace vzapi::vcard {
@@ -48,16 +49,12 @@ struct FieldRow {
     return kind <= ValueKind::Marker;
 }
 
-// A number and the word that stands for it in a line.
-struct WordRow {
-    std::uint32_t code;
-    std::string_view word;
-};
+// Both in the order of the codes, which begin at 1.
 
-// In the order of the codes, which begin at 1. Words are compared without regard to case when read.
-[[nodiscard]] std::span<const WordRow> class_words() noexcept;  // PRIVATE, PUBLIC, NONE
-[[nodiscard]] std::span<const WordRow>
-gender_words() noexcept;  // male, female, undefined: written in lower case
-[[nodiscard]] std::span<const WordRow> messaging_words() noexcept;  // PERSONAL, BUSINESS, HOME, WORK, MOBILE
+// male, female, undefined: written in lower case.
+[[nodiscard]] std::span<const versit::WordRow> gender_words() noexcept;
+
+// PERSONAL, BUSINESS, HOME, WORK, MOBILE.
+[[nodiscard]] std::span<const versit::WordRow> messaging_words() noexcept;
 
 }  // namespace vzapi::vcard

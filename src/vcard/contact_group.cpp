@@ -1,12 +1,13 @@
 #include "vcard/contact_group.h"
 
 #include <algorithm>
-#include <cstring>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
 
+#include "platform/caller_memory.h"
 #include "platform/heap.h"
 #include "platform/ole_string.h"
 #include "platform/pointer_probe.h"
@@ -91,28 +92,24 @@ Members members_of(const Tokens& tokens) {
 // ---- Writing.
 
 // The number of a member as it may stand in a caller's record; none when the entry takes no part.
-std::optional<MemberNumber> number_of(const ContactGroupMember& member, platform::PointerProbe& probe) {
+std::optional<MemberNumber> number_of(const ContactGroupMember& member, platform::CallerMemory& memory) {
     MemberNumber number{};
     static_assert(sizeof number == VZ_GROUP_MEMBER_ID_LENGTH);
     if (member.size != sizeof member || member.idLength != number.size()) return std::nullopt;
-    std::memcpy(number.data(), member.id, number.size());
-    if (number != MemberNumber{}) return number;
-    if (!probe.readable(member.idBlock, number.size())) return std::nullopt;
-    std::memcpy(number.data(), member.idBlock, number.size());
+    std::copy(std::begin(member.id), std::end(member.id), number.begin());
+    if (number == MemberNumber{} && !memory.load(member.idBlock, number)) return std::nullopt;
     return number;
 }
 
 // The numbers of the members, joined. The count is compared as a signed number; an entry that cannot be read
 // ends the list, so that a wild count costs no more than what is readable.
-std::string member_list(const ContactGroupItem& group, platform::PointerProbe& probe) {
+std::string member_list(const ContactGroupItem& group, platform::CallerMemory& memory) {
     std::string list;
-    const auto* entries = reinterpret_cast<const std::byte*>(group.members);
     const auto count = static_cast<std::int32_t>(group.memberCount);
-    for (std::int32_t i = 0; i < count; ++i, entries += sizeof(ContactGroupMember)) {
-        if (!probe.readable(entries, sizeof(ContactGroupMember))) break;
-        ContactGroupMember member;
-        std::memcpy(&member, entries, sizeof member);  // the array may be misaligned
-        const std::optional<MemberNumber> number = number_of(member, probe);
+    ContactGroupMember member;
+    for (std::int32_t i = 0; i < count; ++i) {
+        if (!memory.load_entry(group.members, static_cast<std::size_t>(i), member)) break;
+        const std::optional<MemberNumber> number = number_of(member, memory);
         if (!number) continue;
         if (!list.empty()) list.push_back(kSeparator);
         append_member_number(*number, list);
@@ -152,15 +149,16 @@ void read_contact_group(const versit::VersitObject& object, void* item, const Re
 }
 
 std::string write_contact_group(const void* item, const WriterContext& /*context*/) {
-    const auto& group = *static_cast<const ContactGroupItem*>(item);
+    platform::CallerMemory memory;
+    ContactGroupItem group;
+    if (!memory.load(item, group)) raise(VZ_ERR_POINTER);
     require_size(group);
-    platform::PointerProbe probe;
 
     versit::LineBuilder lines;
     lines.line("BEGIN:VCARD");
     lines.line("VERSION:2.1");
-    lines.property(PropertyId::Fn, "", probe.text(group.groupName));
-    lines.property(PropertyId::XCntgrp, "", member_list(group, probe));
+    lines.property(PropertyId::Fn, "", memory.text(group.groupName));
+    lines.property(PropertyId::XCntgrp, "", member_list(group, memory));
     lines.line("END:VCARD");
     return lines.take();
 }

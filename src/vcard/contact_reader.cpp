@@ -13,7 +13,7 @@
 #include "vcard/contact_reader_types.h"
 #include "vcard/contact_record.h"
 #include "vcard/parameter_words.h"
-#include "versit/ascii.h"
+#include "versit/coded_value.h"
 #include "versit/value_reader.h"
 
 namespace vzapi::vcard {
@@ -95,28 +95,8 @@ const PropertyUses& property_uses() {
     return uses;
 }
 
-std::optional<std::uint32_t> find_code(std::span<const WordRow> rows, std::u16string_view word) {
-    for (const WordRow& row : rows) {
-        const bool same =
-            word.size() == row.word.size() &&
-            std::equal(word.begin(), word.end(), row.word.begin(), [](char16_t unit, char letter) {
-                return versit::to_upper(unit) == static_cast<char16_t>(versit::to_upper(letter));
-            });
-        if (same) return row.code;
-    }
-    return std::nullopt;
-}
-
-// Decimal digits alone; nothing for a number of more than 32 bits.
-std::optional<std::uint32_t> parse_number(std::u16string_view text) {
-    if (text.empty()) return std::nullopt;
-    std::uint64_t number = 0;
-    for (const char16_t unit : text) {
-        if (unit < u'0' || unit > u'9') return std::nullopt;
-        number = number * 10 + (unit - u'0');
-        if (number > UINT32_MAX) return std::nullopt;
-    }
-    return static_cast<std::uint32_t>(number);
+bool is_preferred(TypeWords words) {
+    return (words & type_word::kPref) != 0;
 }
 
 // Reads the lines of one card. The four lists do not depend on each other: one walk fills them all.
@@ -165,27 +145,30 @@ private:
     // Properties that are one field each, or one for each component.
     void read_single(const PropertyUse& use, TypeWords words, const versit::VersitProperty& line) {
         const std::uint32_t id = use.row->id;
+        const bool preferred = is_preferred(words);
         switch (use.row->kind) {
             case ValueKind::Component:
                 return read_components(use, words, line);
             case ValueKind::Date:
-                if (const auto date = parse_contact_date(value(line))) contact_.add_date(id, *date);
+                if (const auto date = parse_contact_date(value(line)))
+                    contact_.add_date(id, preferred, *date);
                 return;
             case ValueKind::Photo:
-                return read_photo(line, version_.default_encoding, contact_);
+                return read_photo(line, preferred, version_.default_encoding, contact_);
             case ValueKind::Messaging:
                 if (const auto text = value(line); !text.empty()) {
-                    contact_.add_messaging(messaging_kind(words), (words & type_word::kPref) != 0, text);
+                    contact_.add_messaging(messaging_kind(words), preferred, text);
                 }
                 return;
             case ValueKind::Class:
                 // Written twice, as CLASS and X-CLASS.
-                if (!contact_.has(id)) add_number(id, find_code(class_words(), trimmed(line)));
+                if (!contact_.has(id))
+                    add_number(id, preferred, versit::find_code(versit::class_words(), value(line)));
                 return;
             case ValueKind::Gender:
-                return add_number(id, find_code(gender_words(), trimmed(line)));
+                return add_number(id, preferred, versit::find_code(gender_words(), value(line)));
             case ValueKind::Number:
-                return add_number(id, parse_number(trimmed(line)));
+                return add_number(id, preferred, versit::parse_number(value(line)));
             default:
                 return read_text(id, words, line);
         }
@@ -209,7 +192,7 @@ private:
             is_empty = is_empty && components[i].empty();
         }
         // "ADR;POSTAL:;;;;;;" tells a device that there is no such address.
-        if (!is_empty) contact_.add_address(id, (words & type_word::kPref) != 0, components);
+        if (!is_empty) contact_.add_address(id, is_preferred(words), components);
     }
 
     // A SOUND that is no phonetic name is a recording.
@@ -223,19 +206,15 @@ private:
 
     // An empty value is an absent one.
     void add_text(std::uint32_t id, TypeWords words, std::u16string_view text) {
-        if (!text.empty()) contact_.add_text(id, (words & type_word::kPref) != 0, text);
+        if (!text.empty()) contact_.add_text(id, is_preferred(words), text);
     }
 
-    void add_number(std::uint32_t id, std::optional<std::uint32_t> number) {
-        if (number) contact_.add_number(id, *number);
+    void add_number(std::uint32_t id, bool preferred, std::optional<std::uint32_t> number) {
+        if (number) contact_.add_number(id, preferred, *number);
     }
 
     std::u16string_view value(const versit::VersitProperty& line) {
         return version_.escapes_text ? values_.text(line, version_.escapes) : values_.text(line);
-    }
-
-    std::u16string_view trimmed(const versit::VersitProperty& line) {
-        return versit::trim_blanks(value(line));
     }
 
     const versit::RootComponent& card_;

@@ -91,8 +91,8 @@ PhotoParameters photo_parameters(std::string_view parameters) {
         } else if (equals_ignoring_case(name, "VALUE")) {
             const WordRow* row = find_word(word);
             photo.is_reference |= row != nullptr && row->role == Role::Reference;
-        } else if (equals_ignoring_case(name, "TYPE") && photo.image_type.empty()) {
-            photo.image_type = without_media_type(word);
+        } else if (equals_ignoring_case(name, "TYPE") && !equals_ignoring_case(word, "PREF")) {
+            if (photo.image_type.empty()) photo.image_type = without_media_type(word);
         }
     });
     return photo;
@@ -107,21 +107,25 @@ std::u16string record_image_type(std::string_view type) {
 }
 
 // Straight into the block of the record: a picture may be most of the text.
-void add_base64_photo(std::u16string_view image_type, std::string_view text, ContactBuilder& contact) {
+void add_base64_photo(bool preferred, std::u16string_view image_type, std::string_view text,
+                      ContactBuilder& contact) {
     platform::HeapPointer<std::uint8_t> data(
         static_cast<std::uint8_t*>(platform::heap_allocate(versit::decoded_base64_room(text))));
     if (!data) raise(VZ_ERR_OUT_OF_MEMORY);
     const std::size_t length = versit::decode_base64(text, reinterpret_cast<std::byte*>(data.get()));
-    if (length != 0) contact.add_photo(image_type, std::move(data), static_cast<std::uint32_t>(length));
+    if (length != 0)
+        contact.add_photo(preferred, image_type, std::move(data), static_cast<std::uint32_t>(length));
 }
 
-void add_plain_photo(std::u16string_view image_type, std::string_view bytes, ContactBuilder& contact) {
-    if (!bytes.empty()) contact.add_photo(image_type, std::as_bytes(std::span(bytes)));
+void add_plain_photo(bool preferred, std::u16string_view image_type, std::string_view bytes,
+                     ContactBuilder& contact) {
+    if (!bytes.empty()) contact.add_photo(preferred, image_type, std::as_bytes(std::span(bytes)));
 }
 
 }  // namespace
 
-void read_photo(const versit::VersitProperty& line, Encoding default_encoding, ContactBuilder& contact) {
+void read_photo(const versit::VersitProperty& line, bool preferred, Encoding default_encoding,
+                ContactBuilder& contact) {
     const PhotoParameters photo = photo_parameters(line.parameters());
     if (photo.is_reference) return;
     const std::u16string image_type = record_image_type(photo.image_type);
@@ -129,13 +133,13 @@ void read_photo(const versit::VersitProperty& line, Encoding default_encoding, C
         case Encoding::Base64:
         case Encoding::Base64Default:
         case Encoding::Base64Default2:
-            add_base64_photo(image_type, line.value(), contact);
+            add_base64_photo(preferred, image_type, line.value(), contact);
             break;
         case Encoding::QuotedPrintable:
-            add_plain_photo(image_type, versit::decode_quoted_printable(line.value()), contact);
+            add_plain_photo(preferred, image_type, versit::decode_quoted_printable(line.value()), contact);
             break;
         default:
-            add_plain_photo(image_type, line.value(), contact);
+            add_plain_photo(preferred, image_type, line.value(), contact);
             break;
     }
 }

@@ -139,30 +139,31 @@ void ContactBuilder::add_text(std::uint32_t id, bool preferred, std::u16string_v
     add(id, preferred, VZ_FORM_NONE, text_value(make_string(text)));
 }
 
-void ContactBuilder::add_number(std::uint32_t id, std::uint32_t number) {
+void ContactBuilder::add_number(std::uint32_t id, bool preferred, std::uint32_t number) {
     make_room();
     ContactValue value{};
     value.number = number;
-    add(id, false, VZ_FORM_EXTENDED, value);
+    add(id, preferred, VZ_FORM_EXTENDED, value);
 }
 
-void ContactBuilder::add_date(std::uint32_t id, const ContactDate& date) {
+void ContactBuilder::add_date(std::uint32_t id, bool preferred, const ContactDate& date) {
     make_room();
     HeapPointer<ContactDate> block = make_block<ContactDate>();
     *block = date;
     ContactValue value{};
     value.date = block.release();
-    add(id, false, VZ_FORM_NONE, value);
+    add(id, preferred, VZ_FORM_NONE, value);
 }
 
-void ContactBuilder::add_photo(std::u16string_view image_type, std::span<const std::byte> data) {
+void ContactBuilder::add_photo(bool preferred, std::u16string_view image_type,
+                               std::span<const std::byte> data) {
     if (data.size() > std::numeric_limits<std::uint32_t>::max()) raise(VZ_ERR_OUT_OF_MEMORY);
     HeapPointer<std::uint8_t> block = make_block<std::uint8_t>(data.size());
     if (!data.empty()) std::memcpy(block.get(), data.data(), data.size());
-    add_photo(image_type, std::move(block), static_cast<std::uint32_t>(data.size()));
+    add_photo(preferred, image_type, std::move(block), static_cast<std::uint32_t>(data.size()));
 }
 
-void ContactBuilder::add_photo(std::u16string_view image_type, HeapPointer<std::uint8_t> data,
+void ContactBuilder::add_photo(bool preferred, std::u16string_view image_type, HeapPointer<std::uint8_t> data,
                                std::uint32_t length) {
     make_room();
     OleString type;
@@ -171,7 +172,7 @@ void ContactBuilder::add_photo(std::u16string_view image_type, HeapPointer<std::
     *photo = {sizeof(ContactPhoto), type.release(), length, data.release()};
     ContactValue value{};
     value.photo = photo.release();
-    add(VZ_CONTACT_PHOTO, false, VZ_FORM_NONE, value);
+    add(VZ_CONTACT_PHOTO, preferred, VZ_FORM_NONE, value);
 }
 
 void ContactBuilder::add_address(std::uint32_t id, bool preferred,

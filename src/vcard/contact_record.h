@@ -31,15 +31,17 @@ public:
     void reserve(std::size_t entries) { entries_.reserve(entries); }
 
     void add_text(std::uint32_t id, bool preferred, std::u16string_view text);
-    void add_number(std::uint32_t id, std::uint32_t number);  // `form` is VZ_FORM_EXTENDED
-    void add_date(std::uint32_t id, const ContactDate& date);
-    void add_photo(std::u16string_view image_type, std::span<const std::byte> data);  // empty type: null
+    // `form` is VZ_FORM_EXTENDED.
+    void add_number(std::uint32_t id, bool preferred, std::uint32_t number);
+    void add_date(std::uint32_t id, bool preferred, const ContactDate& date);
+    // An empty type is stored as null.
+    void add_photo(bool preferred, std::u16string_view image_type, std::span<const std::byte> data);
     // The same with a block that holds the `length` bytes already.
-    void add_photo(std::u16string_view image_type, platform::HeapPointer<std::uint8_t> data,
+    void add_photo(bool preferred, std::u16string_view image_type, platform::HeapPointer<std::uint8_t> data,
                    std::uint32_t length);
     // The seven components in the order of ADR; `form` is VZ_FORM_ADDRESS.
     void add_address(std::uint32_t id, bool preferred, const std::array<std::u16string_view, 7>& components);
-    // `preferred` and the kind stand in the nested entry, whose `fieldId` is 0.
+    // `preferred` and the kind stand in the nested entry, whose `fieldId` is 0; the outer one is never preferred.
     void add_messaging(std::uint32_t kind, bool preferred, std::u16string_view address);
 
     // True when an entry of that id was added.

@@ -28,22 +28,15 @@ std::uint32_t number_of(const ContactField& entry) {
     return static_cast<std::uint32_t>(entry.value.number);
 }
 
-// The word of `code`; empty when it has none.
-std::string_view word_of(std::span<const WordRow> words, std::uint32_t code) {
-    const auto row =
-        std::find_if(words.begin(), words.end(), [code](const WordRow& r) { return r.code == code; });
-    return row == words.end() ? std::string_view{} : row->word;
-}
-
 void write_class(ContactWriting& writing, const ListedEntry& entry) {
-    const std::string_view word = word_of(class_words(), number_of(entry.field));
+    const std::string_view word = versit::find_word(versit::class_words(), number_of(entry.field));
     if (word.empty()) return;
     writing.lines().property(PropertyId::Class, {}, word);
     writing.lines().property(PropertyId::XClass, {}, word);
 }
 
 void write_gender(ContactWriting& writing, const ListedEntry& entry) {
-    const std::string_view word = word_of(gender_words(), number_of(entry.field));
+    const std::string_view word = versit::find_word(gender_words(), number_of(entry.field));
     if (!word.empty()) writing.lines().property(entry.row->property, {}, word);
 }
 
@@ -92,7 +85,7 @@ void write_messaging(ContactWriting& writing, const ListedEntry& entry) {
         property = service.property;
         parameters = service.parameters;
     }
-    const std::string_view kind = word_of(messaging_words(), nested.form);
+    const std::string_view kind = versit::find_word(messaging_words(), nested.form);
     if (!kind.empty()) parameters.append(";TYPE=").append(kind);
     writing.text_line(versit::property_name(property),
                       writing.with_preference(parameters, nested.preferred == 1), address);

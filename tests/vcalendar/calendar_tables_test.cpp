@@ -141,15 +141,9 @@ TEST(CalendarFields, BirthYearsAreThoseOfTypes3And8) {
         EXPECT_EQ(has_birth_year(type), type == 3 || type == 8) << type;
 }
 
-TEST(CalendarFields, WordsInTheOrderOfTheirCodes) {
-    const std::string_view classes[] = {"PRIVATE", "PUBLIC", "NONE"};
+TEST(CalendarFields, StatusesInTheOrderOfTheirCodes) {
     const std::string_view statuses[] = {"NEEDS ACTION", "COMPLETED"};
-    ASSERT_EQ(class_words().size(), std::size(classes));
     ASSERT_EQ(status_words().size(), std::size(statuses));
-    for (std::uint32_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(class_words()[i].code, i + 1);
-        EXPECT_EQ(class_words()[i].word, classes[i]);
-    }
     for (std::uint32_t i = 0; i < 2; ++i) {
         EXPECT_EQ(status_words()[i].code, i + 1);
         EXPECT_EQ(status_words()[i].word, statuses[i]);

@@ -133,12 +133,12 @@ TEST(ContactFields, TextKindsAreThoseWhoseValueIsAString) {
 }
 
 TEST(ContactFields, WordsStandForTheirCodes) {
-    const auto words = [](std::span<const WordRow> rows) {
+    const auto words = [](std::span<const versit::WordRow> rows) {
         std::string text;
-        for (const WordRow& row : rows) text += std::to_string(row.code) + " " + std::string(row.word) + "\n";
+        for (const versit::WordRow& row : rows)
+            text += std::to_string(row.code) + " " + std::string(row.word) + "\n";
         return text;
     };
-    EXPECT_EQ(words(class_words()), "1 PRIVATE\n2 PUBLIC\n3 NONE\n");
     EXPECT_EQ(words(gender_words()), "1 male\n2 female\n3 undefined\n");
     EXPECT_EQ(words(messaging_words()), "1 PERSONAL\n2 BUSINESS\n3 HOME\n4 WORK\n5 MOBILE\n");
 }

@@ -219,6 +219,40 @@ TEST(ContactGroupWriting, AWildCountEndsAtWhatCanBeRead) {
     }
 }
 
+TEST(ContactGroupWriting, NothingNeedsToBeAligned) {
+    std::u16string name = u"Caf\u00E9";
+    Id block = id_of(9);
+    std::vector<ContactGroupMember> members{member_of(id_of(1)), member_of(kZero, block.data())};
+    ContactGroupItem group = group_of(name, members);
+    const std::string expected = written(group);
+    std::vector<std::byte> memory(256);
+    std::size_t used = 1;
+    const auto move = [&](const void* from, std::size_t size) {
+        std::byte* const to = memory.data() + used;
+        std::memcpy(to, from, size);
+        used += size + size % 2;
+        return static_cast<void*>(to);
+    };
+    members[1].idBlock = static_cast<std::uint8_t*>(move(block.data(), block.size()));
+    group.groupName = static_cast<char16_t*>(move(name.data(), (name.size() + 1) * sizeof(char16_t)));
+    group.members = static_cast<ContactGroupMember*>(move(members.data(), 2 * sizeof(ContactGroupMember)));
+    const void* const odd = move(&group, sizeof group);
+    ASSERT_LE(used, memory.size());
+    OwnedText out;
+    out.data.size = sizeof out.data;
+    EXPECT_EQ(ConvertToVersit(VZ_TYPE_CONTACT_GROUP, odd, &out.data), VZ_OK);
+    EXPECT_EQ(out.bytes(), expected);
+}
+
+TEST(ContactGroupWriting, ANameThatRunsIntoAnUnreadablePageEndsThere) {
+    const GuardPage page;
+    auto* const name = page.last_as<char16_t>(4);
+    name[0] = u'a';
+    name[1] = u'b';
+    const ContactGroupItem group{sizeof group, name, 0, nullptr};
+    EXPECT_EQ(written(group), group_text("FN:ab", ""));
+}
+
 TEST(ContactGroupWriting, TheSizesOfRecordAndOutputAreDemanded) {
     std::u16string name = u"Friends";
     std::vector<ContactGroupMember> members{member_of(id_of(1))};

@@ -30,7 +30,12 @@ const PhotoCase kCases[] = {
     {"PHOTO;TYPE=JPEG,PNG:QUJD", "JPEG ABC"},
     {"PHOTO;ENCODING=BASE64:QUJD", "(null) ABC"},
     {"PHOTO:QUJD", "(null) ABC"},
-    {"PHOTO;PREF;INLINE:QUJD", "(null) ABC"},
+    {"PHOTO;INLINE:QUJD", "(null) ABC"},
+    {"PHOTO;BINARY;PNG:QUJD", "PNG ABC"},
+    {"PHOTO;PNG;JPEG:QUJD", "PNG ABC"},
+    {"PHOTO;PNG;TYPE=JPEG:QUJD", "PNG ABC"},
+    {"PHOTO;B:QUJD", "B ABC"},
+    {"PHOTO;B;PNG:QUJD", "B ABC"},
     {"PHOTO;VALUE=INLINE;TYPE=JPEG:QUJD", "JPEG ABC"},
     {"PHOTO;VALUE=BINARY;TYPE=JPEG:QUJD", "JPEG ABC"},
     {"PHOTO;X-OWN=1;CHARSET=UTF-8:QUJD", "(null) ABC"},
@@ -42,10 +47,19 @@ const PhotoCase kCases[] = {
     {"PHOTO;ENCODING=8BIT;TYPE=BMP:A=42C", "BMP A=42C"},
     {"PHOTO;ENCODING=7BIT;TYPE=BMP:ABC", "BMP ABC"},
     {"PHOTO;ENCODING=X-OWN;TYPE=BMP:QUJD", "BMP QUJD"},
+    {"PHOTO;ENCODING=JPEG;TYPE=BMP:QUJD", "BMP QUJD"},
+    {"PHOTO;ENCODING=URL;TYPE=BMP:QUJD", "BMP QUJD"},
+    {"PHOTO;QUOTED-PRINTABLE;BMP:A=42C", "BMP ABC"},
+    {"PHOTO;BMP;8BIT:A=42C", "BMP A=42C"},
+    {"PHOTO;BMP;7BIT:A=42C", "BMP A=42C"},
     // References, and nothing to show.
     {"PHOTO;VALUE=URL:http://example.com/a.jpg", ""},
     {"PHOTO;VALUE=uri;TYPE=JPEG:http://example.com/a.jpg", ""},
     {"PHOTO;URL:http://example.com/a.jpg", ""},
+    {"PHOTO;uri:http://example.com/a.jpg", ""},
+    {"PHOTO;CONTENT-ID:a@example.com", ""},
+    {"PHOTO;VALUE=CID:a@example.com", ""},
+    {"PHOTO;VALUE=INLINE,URL:http://example.com/a.jpg", ""},
     {"PHOTO;VALUE=CONTENT-ID:<a@example.com>", ""},
     {"PHOTO;ENCODING=BASE64:", ""},
     {"PHOTO;ENCODING=BASE64:!", ""},
@@ -60,6 +74,13 @@ TEST(ContactReaderPhoto, EachLineGivesItsPicture) {
         EXPECT_EQ(read_lines(row.line, "2.1"), expected) << row.line;
         EXPECT_EQ(read_lines(row.line, "3.0"), expected) << row.line;
     }
+}
+
+TEST(ContactReaderPhoto, PrefMarksAPictureAndIsNoImageType) {
+    EXPECT_EQ(read_lines("PHOTO;PREF:QUJD"), "G10* (null) ABC\n");
+    EXPECT_EQ(read_lines("PHOTO;PREF;PNG;8BIT:ABC"), "G10* PNG ABC\n");
+    EXPECT_EQ(read_lines("PHOTO;TYPE=pref,PNG:QUJD"), "G10* PNG ABC\n");
+    EXPECT_EQ(read_lines("PHOTO;TYPE=PNG,PREF;QUOTED-PRINTABLE:A=42C"), "G10* PNG ABC\n");
 }
 
 TEST(ContactReaderPhoto, DataThatSpellTheNameOfAnEncodingAreData) {

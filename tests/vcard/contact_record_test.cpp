@@ -29,17 +29,17 @@ constexpr ReleaseContext kChecked{13};
 void add_each_kind(ContactBuilder& contact) {
     const std::byte bytes[] = {std::byte{'A'}, std::byte{'B'}};
     contact.add_text(VZ_CONTACT_FAMILY_NAME, false, u"a");
-    contact.add_date(VZ_CONTACT_BIRTHDAY, {20, 2001, 2, 3, 0, 0, 0, 0, {}});
-    contact.add_photo(u"PNG", bytes);
+    contact.add_date(VZ_CONTACT_BIRTHDAY, false, {20, 2001, 2, 3, 0, 0, 0, 0, {}});
+    contact.add_photo(true, u"PNG", bytes);
     contact.add_text(VZ_CONTACT_PHONE_HOME, true, u"12");
     contact.add_address(VZ_CONTACT_ADDRESS_WORK, true, kParts);
     contact.add_text(VZ_CONTACT_EMAIL, false, u"");
     contact.add_messaging(VZ_MESSAGING_WORK, true, u"b");
-    contact.add_number(VZ_CONTACT_CLASS, 2);
+    contact.add_number(VZ_CONTACT_CLASS, false, 2);
 }
 
 constexpr std::string_view kEachKind =
-    "G1 a\nG9 2001-02-03\nG10 PNG AB\nP33* 12\nA257*/3 a|b|c|d|e|f|\nA259 \n"
+    "G1 a\nG9 2001-02-03\nG10* PNG AB\nP33* 12\nA257*/3 a|b|c|d|e|f|\nA259 \n"
     "E518/4 kind 4* b\nE516/4 2\n";
 
 ContactItem contact_of_each_kind() {
@@ -82,7 +82,7 @@ TEST(ContactBuilder, HandsOverEachEntryInItsList) {
 TEST(ContactBuilder, KnowsWhatWasAdded) {
     ContactBuilder contact;
     EXPECT_FALSE(contact.has(VZ_CONTACT_CLASS));
-    contact.add_number(VZ_CONTACT_CLASS, 1);
+    contact.add_number(VZ_CONTACT_CLASS, false, 1);
     EXPECT_TRUE(contact.has(VZ_CONTACT_CLASS));
     EXPECT_FALSE(contact.has(VZ_CONTACT_GENDER));
 }
@@ -101,7 +101,7 @@ TEST(ContactBuilder, WithoutEntriesGivesNoArrays) {
 TEST(ContactBuilder, APhotoWithoutATypeHasNone) {
     ContactItem item{};
     ContactBuilder contact;
-    contact.add_photo({}, std::as_bytes(std::span("x", 1)));
+    contact.add_photo(false, {}, std::as_bytes(std::span("x", 1)));
     contact.hand_over(item);
     EXPECT_EQ(item.general[0].value.photo->imageType, nullptr);
     release_contact(&item, kOld);
