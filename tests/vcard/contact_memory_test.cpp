@@ -6,6 +6,7 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "result.h"
@@ -288,6 +289,101 @@ TEST(ContactMemory, NullEntriesOfNoFieldAreSkippedInEveryList) {
         std::byte entries[3 * sizeof(ContactField)] = {};
         place(list, entries + 2 * sizeof(ContactField), u"a");
         EXPECT_EQ(written_list(list, entries, 3), card({list.head + "a"})) << list.what;
+    }
+}
+
+// ---- Every pointer of a record.
+
+// Each field once, all texts alike, so that the marks mark what can be marked.
+Contact contact_of_all_fields() {
+    Contact contact;
+    for (const vcard::FieldRow& row : vcard::contact_fields()) contact.add(sample_of(row));
+    return contact;
+}
+
+std::vector<Entry> Contact::*const kEntries[] = {&Contact::general, &Contact::phones, &Contact::addresses,
+                                                 &Contact::extended};
+
+// A place of a record where a pointer stands, and the contact that is left when it cannot be read.
+struct PointerSlot {
+    std::string what;
+    char16_t** pointer;
+    Contact left;
+};
+
+using PointerSlots = std::vector<PointerSlot>;
+
+template <class T>
+char16_t** slot(T*& pointer) {
+    static_assert(sizeof(T*) == sizeof(char16_t*));
+    return static_cast<char16_t**>(static_cast<void*>(&pointer));
+}
+
+// The pointers in the sub-record of an entry; those of numbers and texts have none.
+void add_inner_slots(const Contact& contact, std::size_t list, std::size_t at, ContactField& field,
+                     PointerSlots& slots) {
+    const std::string what = std::to_string(field.fieldId) + ", inside";
+    Contact left = contact;
+    Entry& entry = (left.*kEntries[list])[at];
+    if (auto* value = std::get_if<Address>(&entry.value)) {
+        ContactAddress& record = *field.value.address;
+        char16_t** const parts[] = {&record.poBox,  &record.extendedAddress, &record.street, &record.city,
+                                    &record.region, &record.postalCode,      &record.country};
+        for (std::size_t i = 0; i < std::size(parts); ++i) {
+            const Text part = std::exchange(value->components[i], std::nullopt);
+            slots.push_back({what, parts[i], left});
+            value->components[i] = part;
+        }
+    } else if (auto* picture = std::get_if<Photo>(&entry.value)) {
+        picture->type = std::nullopt;
+        slots.push_back({what, slot(field.value.photo->imageType), left});
+        picture->bytes.clear();
+        slots.push_back({what, slot(field.value.photo->data), left});
+    } else if (auto* address = std::get_if<Messaging>(&entry.value)) {
+        address->address = std::nullopt;
+        slots.push_back({what, slot(field.value.messaging->value.text), left});
+    }
+}
+
+PointerSlots slots_of(const Contact& contact, ContactItem& item) {
+    PointerSlots slots;
+    for (std::size_t list = 0; list < std::size(kLists); ++list) {
+        ContactField*& fields = item.*kLists[list].list;
+        Contact left = contact;
+        (left.*kEntries[list]).clear();
+        slots.push_back({kLists[list].what, slot(fields), left});
+        for (std::size_t at = 0; at < item.*kLists[list].count; ++at) {
+            ContactField& field = fields[at];
+            const Value& value = (contact.*kEntries[list])[at].value;
+            if (std::holds_alternative<std::uint32_t>(value)) continue;
+            left = contact;
+            (left.*kEntries[list]).erase((left.*kEntries[list]).begin() + static_cast<std::ptrdiff_t>(at));
+            slots.push_back({std::to_string(field.fieldId), &field.value.text, left});
+            add_inner_slots(contact, list, at, field, slots);
+        }
+    }
+    return slots;
+}
+
+TEST(ContactMemory, EachPointerOfARecordMayBeUnreadable) {
+    const GuardPage page;
+    const Contact contact = contact_of_all_fields();
+    ContactRecord record(contact);
+    const PointerSlots slots = slots_of(contact, *record.item());
+    EXPECT_EQ(slots.size(), 4U + 60U + 3U * 7U + 2U + 1U)
+        << "lists, all fields but four numbers, addresses, photo, messaging";
+    for (const Profile& profile : {kNoProfile, Profile{0x2000010, 280}, Profile{0x2000010, 10}}) {
+        const std::string whole = written(record.item(), profile);
+        for (const PointerSlot& each : slots) {
+            const std::string expected = written(each.left, profile);
+            for (char16_t* wild : {page.unreadable_as<char16_t>(), static_cast<char16_t*>(nullptr),
+                                   pointer_to<char16_t>(1), pointer_to<char16_t>(UINTPTR_MAX)}) {
+                char16_t* const kept = std::exchange(*each.pointer, wild);
+                EXPECT_EQ(written(record.item(), profile), expected) << each.what;
+                *each.pointer = kept;
+            }
+        }
+        EXPECT_EQ(written(record.item(), profile), whole) << "all pointers are as they were";
     }
 }
 

@@ -324,5 +324,66 @@ TEST(ReleaseContact, LeavesAloneWhatIsNotTheLibrarys) {
     }
 }
 
+// Takes an entry's value with all that hangs on it, so that the entry may be spoiled.
+void give_back(const ContactField& entry) {
+    auto* array = static_cast<ContactField*>(platform::heap_allocate(sizeof entry));
+    *array = entry;
+    ContactItem holder{};
+    holder.size = sizeof holder;
+    holder.generalCount = 1;
+    holder.general = array;
+    release_contact(&holder, kChecked);
+}
+
+// The pointers of a record of each kind by number: each is given back before it is spoiled. False behind the
+// last one.
+bool spoil_pointer(std::size_t number, ContactItem& item, char16_t* wild) {
+    ContactField* const entries[] = {&item.general[0], &item.general[1],   &item.general[2],
+                                     &item.phones[0],  &item.addresses[0], &item.addresses[1],
+                                     &item.extended[0]};
+    constexpr std::size_t kEntryCount = std::size(entries);
+    if (number < kEntryCount) {
+        give_back(*entries[number]);
+        entries[number]->value.text = wild;
+        return true;
+    }
+    ContactAddress& address = *item.addresses[0].value.address;
+    char16_t** const strings[] = {&address.poBox,
+                                  &address.street,
+                                  &address.postalCode,
+                                  &address.city,
+                                  &address.region,
+                                  &address.country,
+                                  &address.extendedAddress,
+                                  &item.general[2].value.photo->imageType,
+                                  &item.extended[0].value.messaging->value.text};
+    number -= kEntryCount;
+    if (number < std::size(strings)) {
+        platform::ole_string_free(*strings[number]);
+        *strings[number] = wild;
+        return true;
+    }
+    if (number > std::size(strings)) return false;
+    platform::heap_free(item.general[2].value.photo->data);
+    item.general[2].value.photo->data = reinterpret_cast<std::uint8_t*>(wild);
+    return true;
+}
+
+TEST(ReleaseContact, EachPointerOfARecordMayBeUnreadable) {
+    const GuardPage page;
+    std::size_t pointers = 0;
+    for (bool more = true; more;) {
+        for (char16_t* wild : {page.unreadable_as<char16_t>(), static_cast<char16_t*>(nullptr),
+                               test::pointer_to<char16_t>(1), test::pointer_to<char16_t>(UINTPTR_MAX)}) {
+            ContactItem item = contact_of_each_kind();
+            more = spoil_pointer(pointers, item, wild);
+            EXPECT_EQ(release(&item, kChecked), VZ_OK) << pointers;
+            expect_empty(item);
+        }
+        ++pointers;
+    }
+    EXPECT_EQ(pointers, 7U + 9U + 1U + 1U) << "entries, strings, the bytes of the photo, and the end";
+}
+
 }  // namespace
 }  // namespace vzapi::vcard

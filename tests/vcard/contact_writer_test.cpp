@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "result.h"
+#include "support/failing_allocations.h"
 #include "vcard/contact_fields.h"
 #include "vcard/written_contact.h"
 #include "versit/parser.h"
@@ -215,26 +216,6 @@ TEST(ContactWriting, TheOrderOfTheLinesIsFixed) {
                                       "X-SELF:2"}));
 }
 
-// A value for a field of any kind.
-Entry sample_of(const vcard::FieldRow& row) {
-    switch (row.kind) {
-        case vcard::ValueKind::Date:
-            return date(row.id, 2000, 1, 2);
-        case vcard::ValueKind::Photo:
-            return photo(u"PNG", "x");
-        case vcard::ValueKind::Address:
-            return address(row.id, {u"a"});
-        case vcard::ValueKind::Messaging:
-            return messaging(1, u"a");
-        case vcard::ValueKind::Class:
-        case vcard::ValueKind::Gender:
-        case vcard::ValueKind::Number:
-            return number(row.id, 1);
-        default:
-            return text(row.id, u"a");
-    }
-}
-
 TEST(ContactWriting, EveryFieldButTheMarkersGivesALineWithItsPropertyAndParameters) {
     for (const vcard::FieldRow& row : vcard::contact_fields()) {
         const std::string out = written(Contact{sample_of(row)});
@@ -422,6 +403,22 @@ TEST(ContactWriting, APhotoOfSeveralLinesIsFollowedByAnEmptyLine) {
                     "X-EPOCSECONDNAME:x"}));
 }
 
+TEST(ContactWriting, ALargePhotoCostsNoMoreAllocationsThanASmallOne) {
+    if (!FailingAllocations::sees_operator_new()) GTEST_SKIP() << "operator new is not counted here";
+    std::vector<std::size_t> asked;
+    for (const std::size_t size : {std::size_t{1} << 10, std::size_t{1} << 20, std::size_t{1} << 22}) {
+        ContactRecord record({photo(u"PNG", std::string(size, 'x'))});
+        FailingAllocations counting(FailingAllocations::kNone);
+        const std::string out = written(record.item());
+        counting.stop();
+        asked.push_back(counting.asked());
+        EXPECT_GT(out.size(), size / 3 * 4);
+        EXPECT_LT(out.size(), size / 3 * 4 + size / 3 * 4 / 75 * 3 + 200) << "folded, and nothing else";
+    }
+    EXPECT_LE(asked[1], asked[0] + 2);
+    EXPECT_EQ(asked[2], asked[1]);
+}
+
 TEST(ContactWriting, APhotoOfAnotherSizeOrWithoutDataIsSkipped) {
     for (const std::uint32_t size : {0U, 24U, 31U, 33U, 64U}) {
         ContactRecord record({photo(u"PNG", "abc")});
@@ -511,6 +508,25 @@ TEST(ContactWriting, MarkedValuesCarryPrefFromVersionFourteenOn) {
          {text(255, u"1"), text(32, u"10"), text(32, u" 1"), text(32, u"")},
          card({"TEL;VOICE:10", "TEL;VOICE: 1", "TEL;VOICE:"}),
          card({"TEL;VOICE:10", "TEL;VOICE: 1", "TEL;VOICE:"})},
+        {"an empty mark marks empty numbers",
+         {text(255, u""), text(32, u""), text(33, u"1")},
+         card({"TEL;VOICE:", "TEL;HOME:1"}),
+         card({"TEL;VOICE;PREF:", "TEL;HOME:1"})},
+        {"all equal units, beyond the first plane too",
+         {text(511, u"\U0001F600"), text(259, u"\U0001F600"), text(259, u"\U0001F601")},
+         card({"EMAIL" QP "=F0=9F=98=80", "EMAIL" QP "=F0=9F=98=81"}),
+         card({"EMAIL;PREF" QP "=F0=9F=98=80", "EMAIL" QP "=F0=9F=98=81"})},
+        {"postal addresses are not marked",
+         {text(511, u"a"), address(256, {u"a"})},
+         card({"ADR;POSTAL:a;;;;;;"}),
+         card({"ADR;POSTAL:a;;;;;;"})},
+        {"every e-mail and web address",
+         {text(511, u"a"), text(259, u"a"), text(260, u"a"), text(261, u"a"), text(272, u"a"),
+          text(273, u"a"), text(274, u"a"), text(288, u"a"), text(289, u"a")},
+         card({"EMAIL:a", "EMAIL;INTERNET;HOME:a", "EMAIL;INTERNET;WORK:a", "URL:a", "URL;HOME:a",
+               "URL;WORK:a", "X-SIP;POC:a", "X-SIP;SWIS:a"}),
+         card({"EMAIL;PREF:a", "EMAIL;INTERNET;HOME;PREF:a", "EMAIL;INTERNET;WORK;PREF:a", "URL;PREF:a",
+               "URL;HOME;PREF:a", "URL;WORK;PREF:a", "X-SIP;POC:a", "X-SIP;SWIS:a"})},
         {"a mark without value",
          {text(255, std::nullopt), text(32, u"")},
          card({"TEL;VOICE:"}),

@@ -8,6 +8,7 @@
 #include "call_context.h"
 #include "support/text.h"
 #include "vcard/contact_builder.h"
+#include "vcard/contact_fields.h"
 #include "vcard/contact_writer.h"
 
 namespace vzapi::test {
@@ -30,6 +31,26 @@ inline constexpr Profile kNoProfile{0, 0, 0};
                                          std::uint32_t api_version = VZ_INTERFACE_VERSION) {
     ContactRecord record(contact);
     return written(record.item(), profile, api_version);
+}
+
+// An entry of that field with a value of its kind.
+[[nodiscard]] inline Entry sample_of(const vcard::FieldRow& row) {
+    switch (row.kind) {
+        case vcard::ValueKind::Date:
+            return date(row.id, 2000, 1, 2);
+        case vcard::ValueKind::Photo:
+            return photo(u"PNG", "x");
+        case vcard::ValueKind::Address:
+            return address(row.id, {u"a"});
+        case vcard::ValueKind::Messaging:
+            return messaging(1, u"a");
+        case vcard::ValueKind::Class:
+        case vcard::ValueKind::Gender:
+        case vcard::ValueKind::Number:
+            return number(row.id, 1);
+        default:
+            return text(row.id, u"a");
+    }
 }
 
 // The text of a contact whose fields are `middle`.
