@@ -15,6 +15,9 @@ public:
     GuardPage(const GuardPage&) = delete;
     GuardPage& operator=(const GuardPage&) = delete;
 
+    // Takes the access to `pages` pages from `first` on, one of the pages behind: a further hole.
+    void forbid(std::byte* first, std::size_t pages) const noexcept;
+
     [[nodiscard]] std::byte* begin() const noexcept { return memory_; }
     // First byte of the page without access.
     [[nodiscard]] std::byte* unreadable() const noexcept { return memory_ + readable_; }

@@ -284,6 +284,26 @@ TEST(ContactMemory, AListEndsWhereManyPagesInARowCannotBeRead) {
     }
 }
 
+TEST(ContactMemory, UnreadablePagesCountInARowOnly) {
+    constexpr std::size_t kHole = vcard::EntryWalk::kMostUnreadablePages - 1;
+    const GuardPage page(1, kHole, 1 + kHole + 1);
+    page.forbid(page.behind() + kPage, kHole);
+    std::byte* const last = page.behind() + (1 + kHole) * kPage;
+    for (const ListCase& list : kLists) {
+        const auto first_entry_in = [&](const std::byte* address) {
+            const auto distance = static_cast<std::size_t>(address - page.begin());
+            return (distance + sizeof(ContactField) - 1) / sizeof(ContactField);
+        };
+        place(list, page.begin(), u"a");
+        place(list, page.begin() + first_entry_in(page.behind()) * sizeof(ContactField), u"b");
+        place(list, page.begin() + first_entry_in(last) * sizeof(ContactField), u"c");
+        EXPECT_EQ(
+            written_list(list, page.begin(), 0x7FFFFFFF),
+            list.skips ? card({list.head + "a", list.head + "b", list.head + "c"}) : card({list.head + "a"}))
+            << list.what;
+    }
+}
+
 TEST(ContactMemory, NullEntriesOfNoFieldAreSkippedInEveryList) {
     for (const ListCase& list : kLists) {
         std::byte entries[3 * sizeof(ContactField)] = {};

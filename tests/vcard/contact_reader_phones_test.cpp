@@ -83,6 +83,7 @@ constexpr Style kStyles[] = {
     {";", ",", ""},
     {";TYPE=\"", ",", "\""},
     {";TYPE=\"", "\",\"", "\""},
+    {";TYPE=\" ", " , ", " \""},
     {"; ", " ; ", " "},
     {"; TYPE = ", " , ", " "},
     {";ENCODING=8BIT;", ";", ";CHARSET=UTF-8"},
@@ -156,6 +157,14 @@ TEST(ContactReaderPhones, PreferredMobileNumber) {
 
 TEST(ContactReaderPhones, PrefWithAValueIsPref) {
     expect_phone("TEL;CELL;PREF=1:12", "P64*");
+}
+
+TEST(ContactReaderPhones, NamesOfEncodingsAreNoTypes) {
+    expect_phone("TEL;PREF;7BIT:12", "P35*");
+    expect_phone("TEL;8bit;PREF:12", "P35*");
+    expect_phone("TEL;PREF;BASE64:MTI", "P35*");
+    expect_phone("TEL;PREF;QUOTED-PRINTABLE:=312", "P35*");
+    expect_phone("TEL;PREF;UUENCODE:12", "P32*");
 }
 
 TEST(ContactReaderPhones, OtherParametersAreNoTypes) {

@@ -106,6 +106,27 @@ TEST(ComponentTexts, EachLineGivesItsComponents) {
     }
 }
 
+// Behind the first byte of a Shift_JIS character a '\\' is the second one, behind any other it keeps the ';'.
+TEST(ComponentTexts, FirstBytesOfShiftJis) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    ValueReader values;
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        const bool is_first = (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+        const std::string head = "N;CHARSET=Shift_JIS;ENCODING=QUOTED-PRINTABLE:";
+        const std::string escape{'=', kDigits[byte / 16], kDigits[byte % 16]};
+        const std::string escaped = head + escape + "\\;a";
+        const std::string twice = head + escape + "=5C;a";
+        const std::string bare = head + static_cast<char>(byte) + "\\;a";
+        const VersitProperty line{std::string_view(escaped)};
+        EXPECT_EQ(values.split(line, Escapes::Components, 9), is_first ? 2U : 1U) << byte;
+        const VersitProperty all_escaped{std::string_view(twice)};
+        EXPECT_EQ(values.split(all_escaped, Escapes::Components, 9), 2U) << byte;
+        if (byte < 0x80) continue;
+        const VersitProperty as_it_stands{std::string_view(bare)};
+        EXPECT_EQ(values.split(as_it_stands, Escapes::Components, 9), is_first ? 2U : 1U) << byte;
+    }
+}
+
 // Any components, joined and written plain or quoted-printable, come back.
 TEST(ComponentTexts, AreWhatWasAppended) {
     std::mt19937 random(20240229);

@@ -20,6 +20,10 @@ std::byte* map(std::size_t readable, std::size_t hole, std::size_t behind) {
 
 }  // namespace
 
+void GuardPage::forbid(std::byte* first, std::size_t pages) const noexcept {
+    mprotect(first, pages * kPage, PROT_NONE);
+}
+
 GuardPage::GuardPage(std::size_t pages, std::size_t hole, std::size_t behind)
     : memory_(map(pages * kPage, hole * kPage, behind * kPage)),
       readable_(pages * kPage),

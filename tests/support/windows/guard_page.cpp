@@ -20,6 +20,11 @@ std::byte* map(std::size_t readable, std::size_t hole, std::size_t behind) {
 
 }  // namespace
 
+void GuardPage::forbid(std::byte* first, std::size_t pages) const noexcept {
+    DWORD before = 0;
+    VirtualProtect(first, pages * kPage, PAGE_NOACCESS, &before);
+}
+
 GuardPage::GuardPage(std::size_t pages, std::size_t hole, std::size_t behind)
     : memory_(map(pages * kPage, hole * kPage, behind * kPage)),
       readable_(pages * kPage),
