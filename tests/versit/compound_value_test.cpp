@@ -156,6 +156,10 @@ TEST(ValueReader, GivesWholeTexts) {
         {"FN;ENCODING=QUOTED-PRINTABLE:a=00b", u"a"},
         {"FN;CHARSET=ISO-8859-1:\xE9", u"\u00E9"},
         {"FN;CHARSET=\"iso-8859-1\":\xE9", u"\u00E9"},
+        // A quote that is not closed belongs to the name, which the table does not know then.
+        {"FN;CHARSET=\"ISO-8859-1X:\xC3\xA9", u"\u00E9"},
+        {"FN;CHARSET=ISO-8859-1\":\xC3\xA9", u"\u00E9"},
+        {"FN;CHARSET=\":\xC3\xA9", u"\u00E9"},
         {"FN;CHARSET=SHIFT_JIS:\x95\x5C", u"\u8868"},
         {"FN;CHARSET=UTF-8:\xE3\x81\x82", u"\u3042"},
     };
