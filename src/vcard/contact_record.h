@@ -41,14 +41,16 @@ public:
                    std::uint32_t length);
     // The seven components in the order of ADR; `form` is VZ_FORM_ADDRESS.
     void add_address(std::uint32_t id, bool preferred, const std::array<std::u16string_view, 7>& components);
-    // `preferred` and the kind stand in the nested entry, whose `fieldId` is 0; the outer one is never preferred.
+    // `preferred` and the kind stand in the nested entry, whose `fieldId` is 0; the outer one is never
+    // preferred.
     void add_messaging(std::uint32_t kind, bool preferred, std::u16string_view address);
 
     // True when an entry of that id was added.
     [[nodiscard]] bool has(std::uint32_t id) const noexcept { return added_.test(id); }
 
-    // Gives everything to `item`, whose lists are set fresh, each in the order in which its entries were added;
-    // `size` is left alone. Raises VZ_ERR_OUT_OF_MEMORY and keeps everything when an array cannot be allocated.
+    // Gives everything to `item`, whose lists are set fresh, each in the order in which its entries were
+    // added; `size` is left alone. Raises VZ_ERR_OUT_OF_MEMORY and keeps everything when an array cannot be
+    // allocated.
     void hand_over(ContactItem& item);
 
 private:

@@ -18,8 +18,8 @@ struct WordRow {
 // codes.
 [[nodiscard]] std::span<const WordRow> class_words() noexcept;
 
-// The code of the first row whose word is `text`, without regard to case and to blanks around it; nothing when
-// it is none of them.
+// The code of the first row whose word is `text`, without regard to case and to blanks around it; nothing
+// when it is none of them.
 [[nodiscard]] std::optional<std::uint32_t> find_code(std::span<const WordRow> rows,
                                                      std::u16string_view text) noexcept;
 

@@ -223,8 +223,8 @@ TEST(ContactRoundTrip, RandomContactsComeBackEqual) {
     }
 }
 
-// Under no profile does a contact become another one: what is written twice is read once, and a line that clears
-// a field of the device is no entry.
+// Under no profile does a contact become another one: what is written twice is read once, and a line that
+// clears a field of the device is no entry.
 TEST(ContactRoundTrip, RandomContactsComeBackEqualFromEveryProfile) {
     const AnnouncedVersion announced(16);
     const Profile profiles[] = {{VZ_PROFILE_10, 10},  {VZ_PROFILE_10, 16},  {VZ_PROFILE_10, 260},
