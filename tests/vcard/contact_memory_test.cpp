@@ -177,16 +177,16 @@ struct ListCase {
     const char* what;
     ContactField* ContactItem::*list;
     std::uint32_t ContactItem::*count;
-    std::uint32_t id;
     std::string head;
+    std::uint32_t id;
     bool skips;  // what cannot be read, rather than ending there
 };
 
 const ListCase kLists[] = {
-    {"general", &ContactItem::general, &ContactItem::generalCount, 8, "TITLE:", true},
-    {"phones", &ContactItem::phones, &ContactItem::phoneCount, 32, "TEL;VOICE:", false},
-    {"addresses", &ContactItem::addresses, &ContactItem::addressCount, 259, "EMAIL:", false},
-    {"extended", &ContactItem::extended, &ContactItem::extendedCount, 512, "NOTE:", true},
+    {"general", &ContactItem::general, &ContactItem::generalCount, "TITLE:", 8, true},
+    {"phones", &ContactItem::phones, &ContactItem::phoneCount, "TEL;VOICE:", 32, false},
+    {"addresses", &ContactItem::addresses, &ContactItem::addressCount, "EMAIL:", 259, false},
+    {"extended", &ContactItem::extended, &ContactItem::extendedCount, "NOTE:", 512, true},
 };
 
 // Puts an entry of the list at `address`.
