@@ -23,7 +23,8 @@ Bytes without_push_header(Bytes pdu) {
     const std::optional<std::uint32_t> length = push.uintvar();
     const std::optional<Bytes> headers = length ? push.bytes(*length) : std::nullopt;
     if (!headers) return pdu;
-    const std::optional<ContentType> type = CWSPEncoding(*headers).content_type();
+    EntryLimit limit(headers->size());
+    const std::optional<ContentType> type = CWSPEncoding(*headers, &limit).content_type();
     const bool is_message = type && versit::equals_ignoring_case(std::u16string_view(type->media),
                                                                  "APPLICATION/VND.WAP.MMS-MESSAGE");
     return is_message ? *push.bytes(push.left()) : pdu;
@@ -37,6 +38,20 @@ std::size_t expected_size(const Message& message) {
     return size;
 }
 
+std::size_t entries_of(const ContentType& type) {
+    return type.parameters.size() + (type.charset == 0 ? 0 : 1);
+}
+
+// What EntryLimit counts.
+std::size_t entries_of(const Message& message) {
+    std::size_t count = message.headers.size();
+    for (const Part& part : message.parts) {
+        count += part.headers.size() + entries_of(part.type);
+        if (part.disposition) count += part.disposition->parameters.size();
+    }
+    return count;
+}
+
 bool needs_body(std::uint32_t type) {
     const PduRow* row = find_pdu(type);
     return row != nullptr && row->has_body;
@@ -46,7 +61,9 @@ bool needs_body(std::uint32_t type) {
 
 std::optional<Message> CMMSCodec2::decode(Bytes pdu) {
     *this = {};
-    CWSPEncoding reader(without_push_header(pdu));
+    pdu = without_push_header(pdu);
+    EntryLimit limit(pdu.size());
+    CWSPEncoding reader(pdu, &limit);
     Message message;
     message.flags = VZ_MMS_NO_PRESENTATION;
     CMMSHeader header;
@@ -55,9 +72,10 @@ std::optional<Message> CMMSCodec2::decode(Bytes pdu) {
     has_content_type_ = header.content_type().has_value();
     if (!has_message_type_ && !has_content_type_) return std::nullopt;
     if (has_content_type_) {
-        CMultipartContainer::decode(*header.content_type(), *reader.bytes(reader.left()), message);
+        CMultipartContainer::decode(*header.content_type(), *reader.bytes(reader.left()), limit, message);
         name_parts(message.parts);
     }
+    if (limit.is_exceeded()) return std::nullopt;
     count_ = header.count() + message.parts.size();
     return message;
 }
@@ -78,6 +96,8 @@ std::optional<std::vector<std::byte>> CMMSCodec2::encode(Message message) {
         pdu.content_type(parts.front().type);
         CMultipartContainer::encode(parts, pdu);
     }
+    if (entries_of(message) > EntryLimit::of(pdu.bytes().size()))
+        return std::nullopt;  // nobody could read it
     return pdu.take();
 }
 

@@ -12,7 +12,8 @@ namespace vzapi::mms {
 class CMMSCodec2 {
 public:
     // The message of a PDU, a push header before it left out; its bytes are views into `pdu`. Nothing for
-    // bytes that are none. Costs time and memory in proportion to the size of `pdu`.
+    // bytes that are none, or have more headers and parameters than EntryLimit allows. Costs time and memory
+    // in proportion to the size of `pdu`.
     [[nodiscard]] std::optional<Message> decode(Bytes pdu);
 
     // The PDU of a message in canonical form; nothing when it cannot be encoded.

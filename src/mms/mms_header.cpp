@@ -106,11 +106,10 @@ bool is_complete(const Message& message) {
 }  // namespace
 
 bool CMMSHeader::decode(CWSPEncoding& pdu, Message& message) {
-    const std::size_t begin = pdu.position();
     if (!decode_fields(pdu, VZ_MMS_TYPE_NONE, message)) return false;
     if (counts_response_texts(message.type)) {
         // Response texts that stood before the type were taken for what they are in other PDUs.
-        pdu.return_to(begin);
+        pdu.start_again();
         if (!decode_fields(pdu, message.type, message)) return false;
         if (!counts_response_texts(message.type)) return false;
     }
@@ -137,8 +136,8 @@ bool CMMSHeader::decode_field(CWSPEncoding& pdu, std::uint32_t type, Message& me
     if (first == kShift) return pdu.bytes(2).has_value();
     if (first < kFieldBit) {
         std::optional<Header> header = read_application_header(pdu);
-        if (!header) return false;
-        message.headers.push_back(*std::move(header));
+        if (!header || !pdu.take_entry()) return false;
+        append(message.headers, *std::move(header));
         ++count_;
         return true;
     }
@@ -156,8 +155,9 @@ bool CMMSHeader::decode_field(CWSPEncoding& pdu, std::uint32_t type, Message& me
         message.type = static_cast<std::uint32_t>(value->number);
         return true;
     }
+    if (!pdu.take_entry()) return false;
     header.value = *std::move(value);
-    message.headers.push_back(std::move(header));
+    append(message.headers, std::move(header));
     return true;
 }
 

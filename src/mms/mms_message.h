@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "vzapi/multimedia.h"
@@ -14,6 +15,13 @@
 namespace vzapi::mms {
 
 using Bytes = std::span<const std::byte>;
+
+// Appends to a list that may get long. It has room for a quarter more than it holds, not for twice as much.
+template <class Entry>
+void append(std::vector<Entry>& list, Entry entry) {
+    if (list.size() == list.capacity()) list.reserve(list.size() + list.size() / 4 + 1);
+    list.push_back(std::move(entry));
+}
 
 // The value of a header or a parameter. The kind tells which members count, as in vzapi/multimedia.h.
 struct Value {

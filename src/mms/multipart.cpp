@@ -11,55 +11,64 @@ namespace {
 constexpr std::u16string_view kUnknownMedia = u"application/octet-stream";
 constexpr std::uint32_t kMostHeaderNumber = 0x7F;
 
-bool add_entry(CWSPEncoding& body, std::size_t container, std::size_t nesting, Message& message);
-
 void mark_truncated(Message& message, std::size_t number) {
     message.parts[number - 1].flags |= VZ_MMS_PART_TRUNCATED;
     message.flags |= VZ_MMS_TRUNCATED;
 }
 
-void add_entries(Bytes content, std::size_t nesting, Message& message) {
-    const std::size_t container = message.parts.size();
-    CWSPEncoding body(content);
-    const std::optional<std::uint32_t> count = body.uintvar();
-    bool is_complete = count.has_value();
-    for (std::uint32_t i = 0; is_complete && i < *count; ++i) {
-        is_complete = add_entry(body, container, nesting, message);
+// Adds parts and what is in them to a message.
+class BodyReader {
+public:
+    BodyReader(EntryLimit& limit, Message& message) : limit_(limit), message_(message) {}
+
+    // `part` is inside `nesting` containers.
+    void add_part(Part part, std::size_t nesting) {
+        const Bytes content = part.data;
+        const bool is_container =
+            nesting < kMostNesting && CMultipartContainer::is_container(part.type.media);
+        if (is_container) {
+            part.flags |= VZ_MMS_PART_CONTAINER;
+            part.data = {};
+        }
+        append(message_.parts, std::move(part));
+        if (is_container) add_entries(content, nesting + 1);
     }
-    if (!is_complete) mark_truncated(message, container);
-}
 
-// Adds `part`, which is inside `nesting` containers, and the parts in it.
-void add_part(Part part, std::size_t nesting, Message& message) {
-    const Bytes content = part.data;
-    const bool is_container = nesting < kMostNesting && CMultipartContainer::is_container(part.type.media);
-    if (is_container) {
-        part.flags |= VZ_MMS_PART_CONTAINER;
-        part.data = {};
+private:
+    void add_entries(Bytes content, std::size_t nesting) {
+        const std::size_t container = message_.parts.size();
+        CWSPEncoding body(content);
+        const std::optional<std::uint32_t> count = body.uintvar();
+        bool is_complete = count.has_value();
+        for (std::uint32_t i = 0; is_complete && i < *count; ++i) {
+            is_complete = add_entry(body, container, nesting);
+        }
+        if (!is_complete) mark_truncated(message_, container);
     }
-    message.parts.push_back(std::move(part));
-    if (is_container) add_entries(content, nesting + 1, message);
-}
 
-// False when there is no further one, or it is the last because it is cut off.
-bool add_entry(CWSPEncoding& body, std::size_t container, std::size_t nesting, Message& message) {
-    if (message.parts.size() >= kMostParts) return false;
-    const std::optional<std::uint32_t> head_length = body.uintvar();
-    const std::optional<std::uint32_t> data_length = head_length ? body.uintvar() : std::nullopt;
-    if (!data_length) return false;
-    const std::optional<Bytes> head = body.bytes(*head_length);
-    if (!head) return false;
-    const Bytes data = *body.bytes(std::min<std::size_t>(*data_length, body.left()));
+    // False when there is no further one, or it is the last because it is cut off.
+    bool add_entry(CWSPEncoding& body, std::size_t container, std::size_t nesting) {
+        if (message_.parts.size() >= kMostParts || limit_.is_exceeded()) return false;
+        const std::optional<std::uint32_t> head_length = body.uintvar();
+        const std::optional<std::uint32_t> data_length = head_length ? body.uintvar() : std::nullopt;
+        if (!data_length) return false;
+        const std::optional<Bytes> head = body.bytes(*head_length);
+        if (!head) return false;
+        const Bytes data = *body.bytes(std::min<std::size_t>(*data_length, body.left()));
 
-    Part part;
-    part.container = static_cast<std::uint32_t>(container);
-    CMultipartFile::decode(*head, data, part);
-    const std::size_t number = message.parts.size() + 1;
-    add_part(std::move(part), nesting, message);
-    if (data.size() == *data_length) return true;
-    mark_truncated(message, number);
-    return false;
-}
+        Part part;
+        part.container = static_cast<std::uint32_t>(container);
+        CMultipartFile::decode(*head, data, limit_, part);
+        const std::size_t number = message_.parts.size() + 1;
+        add_part(std::move(part), nesting);
+        if (data.size() == *data_length) return true;
+        mark_truncated(message_, number);
+        return false;
+    }
+
+    EntryLimit& limit_;
+    Message& message_;
+};
 
 bool can_encode_header(const Header& header) {
     const Value& value = header.value;
@@ -127,12 +136,12 @@ bool CMultipartContainer::is_container(std::u16string_view media) noexcept {
            versit::starts_with_ignoring_case(media, "MULTIPART/");
 }
 
-void CMultipartContainer::decode(ContentType type, Bytes body, Message& message) {
+void CMultipartContainer::decode(ContentType type, Bytes body, EntryLimit& limit, Message& message) {
     Part part;
     part.type = std::move(type);
     if (part.type.media.empty()) part.type.media = kUnknownMedia;
     part.data = body;
-    add_part(std::move(part), 0, message);
+    BodyReader(limit, message).add_part(std::move(part), 0);
 }
 
 bool CMultipartContainer::can_encode(const std::vector<Part>& parts) {

@@ -18,8 +18,8 @@ inline constexpr std::size_t kMostParts = 4096;  // of one message; those behind
 class CMultipartFile {
 public:
     // Reads content type and headers out of the head of an entry; what is not understood there is kept raw,
-    // and an unreadable rest left out. A transfer encoding is undone.
-    static void decode(Bytes head, Bytes data, Part& part);
+    // and an unreadable rest, or what is beyond the limit, left out. A transfer encoding is undone.
+    static void decode(Bytes head, Bytes data, EntryLimit& limit, Part& part);
 
     // Appends the head.
     static void encode_head(const Part& part, WspWriter& head);
@@ -31,8 +31,8 @@ public:
     [[nodiscard]] static bool is_container(std::u16string_view media) noexcept;
 
     // Adds the body with the content type `type` to `message.parts`: one part, and those in it. What is not
-    // complete is left out and marked.
-    static void decode(ContentType type, Bytes body, Message& message);
+    // complete, or beyond the limit, is left out and marked.
+    static void decode(ContentType type, Bytes body, EntryLimit& limit, Message& message);
 
     // False when a PDU cannot hold `parts`: one has no media type, is in something that is no container
     // before it, or has a header that is none of the forms that part heads have; there are too many, or they

@@ -90,7 +90,8 @@ bool read_numbered(CWSPEncoding& head, Part& part) {
         header.value.kind = VZ_MMS_VALUE_RAW;
         header.value.bytes = *value.skip_value();
     }
-    part.headers.push_back(std::move(header));
+    if (!head.take_entry()) return false;
+    append(part.headers, std::move(header));
     return true;
 }
 
@@ -119,11 +120,12 @@ bool read_named(CWSPEncoding& head, Part& part) {
     header.value.kind = VZ_MMS_VALUE_NAMED_TEXT;
     header.value.name = std::move(*name);
     header.value.text = decode_text(kNoCharset, *text);
-    part.headers.push_back(std::move(header));
+    if (!head.take_entry()) return false;
+    append(part.headers, std::move(header));
     return true;
 }
 
-// False at the end of what can be understood: behind a shift to another page the numbers mean other headers.
+// False at the end of what can be understood, or may be: behind a shift to another page the numbers mean other headers.
 bool read_header(CWSPEncoding& head, Part& part) {
     const std::uint8_t first = *head.peek();
     if (first >= kNumberMark) return read_numbered(head, part);
@@ -161,8 +163,8 @@ void write_header(const Header& header, WspWriter& head) {
 
 }  // namespace
 
-void CMultipartFile::decode(Bytes head, Bytes data, Part& part) {
-    CWSPEncoding reader(head);
+void CMultipartFile::decode(Bytes head, Bytes data, EntryLimit& limit, Part& part) {
+    CWSPEncoding reader(head, &limit);
     if (auto type = reader.content_type()) {
         part.type = std::move(*type);
     } else {

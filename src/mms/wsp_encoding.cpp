@@ -207,9 +207,9 @@ std::optional<ContentType> CWSPEncoding::content_type() {
     std::optional<ContentType> type;
     if (const std::optional<std::uint8_t> first = peek(); first && *first != 0 && *first <= kLengthQuote) {
         if (const std::optional<Bytes> value = measured()) {
-            CWSPEncoding inside(*value);
-            type = read_media(inside);
-            if (type) read_parameters(inside, *type);
+            CWSPEncoding fields = inside(*value);
+            type = read_media(fields);
+            if (type) read_parameters(fields, *type);
         }
     } else if (first && *first != 0) {
         type = read_media(*this);
@@ -223,9 +223,9 @@ std::optional<Disposition> CWSPEncoding::disposition() {
     std::optional<Disposition> disposition;
     if (const std::optional<std::uint8_t> first = peek(); first && *first != 0 && *first <= kLengthQuote) {
         if (const std::optional<Bytes> value = measured()) {
-            CWSPEncoding inside(*value);
-            disposition = read_disposition_kind(inside);
-            if (disposition) read_parameters(inside, disposition->parameters);
+            CWSPEncoding fields = inside(*value);
+            disposition = read_disposition_kind(fields);
+            if (disposition) read_parameters(fields, disposition->parameters);
         }
     } else if (first && *first != 0) {
         disposition = read_disposition_kind(*this);

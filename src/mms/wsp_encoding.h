@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "mms/entry_limit.h"
 #include "mms/mms_message.h"
 
 namespace vzapi::mms {
@@ -18,7 +19,8 @@ namespace vzapi::mms {
 // left.
 class CWSPEncoding {
 public:
-    explicit CWSPEncoding(Bytes bytes) noexcept : bytes_(bytes) {}
+    // `limit`, where there is one, counts the headers and parameters that are read.
+    explicit CWSPEncoding(Bytes bytes, EntryLimit* limit = nullptr) noexcept : bytes_(bytes), limit_(limit) {}
 
     [[nodiscard]] std::size_t position() const noexcept { return at_; }
     [[nodiscard]] std::size_t left() const noexcept { return bytes_.size() - at_; }
@@ -27,6 +29,15 @@ public:
     [[nodiscard]] Bytes rest() const noexcept { return bytes_.subspan(at_); }
     // Goes back to a position() of before.
     void return_to(std::size_t position) noexcept { at_ = position; }
+    // A reader of `bytes`, which counts for the same limit.
+    [[nodiscard]] CWSPEncoding inside(Bytes bytes) const noexcept { return CWSPEncoding(bytes, limit_); }
+    // False when there may be no further header or parameter.
+    [[nodiscard]] bool take_entry() noexcept { return limit_ == nullptr || limit_->take(); }
+    // As if it had just been made.
+    void start_again() noexcept {
+        at_ = 0;
+        if (limit_ != nullptr) *limit_ = EntryLimit(bytes_.size());
+    }
 
     // The next octet, not taken; nothing at the end.
     [[nodiscard]] std::optional<std::uint8_t> peek() const noexcept;
@@ -73,6 +84,7 @@ public:
 
 private:
     Bytes bytes_;
+    EntryLimit* limit_;
     std::size_t at_ = 0;
 };
 

@@ -226,7 +226,7 @@ void add_parameter(Parameter parameter, ContentType& type) {
     if (charset && type.charset == kNoCharset) {
         type.charset = *charset;
     } else {
-        type.parameters.push_back(std::move(parameter));
+        append(type.parameters, std::move(parameter));
     }
 }
 
@@ -251,15 +251,16 @@ Parameter mime_parameter(std::u16string_view field) {
     return named(name, text.empty() ? Value{} : text_value(std::u16string(text)));
 }
 
-// Takes "name; parameter=value" apart.
-ContentType read_mime(std::u16string_view text) {
-    ContentType type;
-    type.media = take_field(text);
+// The next parameter of a text that "name; parameter=value" was begun to be taken apart from; `bytes` counts
+// them.
+std::optional<Parameter> take_mime_parameter(std::u16string_view& text, CWSPEncoding& bytes) {
     while (!text.empty()) {
         const std::u16string_view field = take_field(text);
-        if (!field.empty() && field.front() != u'=') add_parameter(mime_parameter(field), type);
+        if (field.empty() || field.front() == u'=') continue;
+        if (!bytes.take_entry()) return std::nullopt;
+        return mime_parameter(field);
     }
-    return type;
+    return std::nullopt;
 }
 
 std::optional<std::u16string> take_text(CWSPEncoding& bytes) {
@@ -393,9 +394,12 @@ std::optional<ContentType> read_media(CWSPEncoding& bytes) {
     if (!first || *first < 0x20) return std::nullopt;
     const std::optional<std::u16string> text = take_text(bytes);
     if (!text) return std::nullopt;
-    ContentType type = read_mime(*text);
+    std::u16string_view fields = *text;
+    ContentType type;
+    type.media = spelt(take_field(fields));
     if (type.media.empty()) return std::nullopt;
-    type.media = spelt(type.media);
+    while (std::optional<Parameter> parameter = take_mime_parameter(fields, bytes))
+        add_parameter(*std::move(parameter), type);
     return type;
 }
 
@@ -411,25 +415,23 @@ std::optional<Disposition> read_disposition_kind(CWSPEncoding& bytes) {
     if (const std::optional<std::uint8_t> octet = kind_octet(disposition.kind)) {
         disposition.kind = kind_name(*octet);
     }
-    while (!fields.empty()) {
-        const std::u16string_view field = take_field(fields);
-        if (!field.empty() && field.front() != u'=') disposition.parameters.push_back(mime_parameter(field));
-    }
+    while (std::optional<Parameter> parameter = take_mime_parameter(fields, bytes))
+        append(disposition.parameters, *std::move(parameter));
     return disposition;
 }
 
 void read_parameters(CWSPEncoding& bytes, std::vector<Parameter>& parameters) {
     while (!bytes.at_end()) {
         std::optional<Parameter> parameter = read_parameter(bytes);
-        if (!parameter) return;
-        parameters.push_back(*std::move(parameter));
+        if (!parameter || !bytes.take_entry()) return;
+        append(parameters, *std::move(parameter));
     }
 }
 
 void read_parameters(CWSPEncoding& bytes, ContentType& type) {
     while (!bytes.at_end()) {
         std::optional<Parameter> parameter = read_parameter(bytes);
-        if (!parameter) return;
+        if (!parameter || !bytes.take_entry()) return;
         add_parameter(*std::move(parameter), type);
     }
 }

@@ -1,11 +1,12 @@
-// The program's operator new is this one: it asks the FailingAllocations of the thread, and forwards to
-// malloc, whose blocks AddressSanitizer and valgrind watch over as ever.
+// The program's operator new is this one: it asks the FailingAllocations of the thread, tells its MemoryMeter,
+// and forwards to malloc, whose blocks AddressSanitizer and valgrind watch over as ever.
 #include "support/failing_allocations.h"
 
 #include <cstdlib>
 #include <new>
 
 #include "platform/allocation_gate.h"
+#include "support/memory_meter.h"
 
 // The runtime library of clang's ThreadSanitizer defines operator new itself, and takes no second definition.
 #if defined(__has_feature)
@@ -62,7 +63,14 @@ namespace {
 
 void* allocate(std::size_t size) noexcept {
     if (!vzapi::test::allow_allocation(vzapi::test::Allocations::OperatorNew)) return nullptr;
-    return std::malloc(size == 0 ? 1 : size);
+    void* const block = std::malloc(size == 0 ? 1 : size);
+    vzapi::test::meter_allocation(block);
+    return block;
+}
+
+void release(void* block) noexcept {
+    vzapi::test::meter_release(block);
+    std::free(block);
 }
 
 void* allocate_or_throw(std::size_t size) {
@@ -85,22 +93,22 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     return allocate(size);
 }
 void operator delete(void* block) noexcept {
-    std::free(block);
+    release(block);
 }
 void operator delete[](void* block) noexcept {
-    std::free(block);
+    release(block);
 }
 void operator delete(void* block, std::size_t) noexcept {
-    std::free(block);
+    release(block);
 }
 void operator delete[](void* block, std::size_t) noexcept {
-    std::free(block);
+    release(block);
 }
 void operator delete(void* block, const std::nothrow_t&) noexcept {
-    std::free(block);
+    release(block);
 }
 void operator delete[](void* block, const std::nothrow_t&) noexcept {
-    std::free(block);
+    release(block);
 }
 
 #endif
