@@ -191,9 +191,14 @@ struct MediaRow {
 };
 
 constexpr MediaRow kRegisteredMedia[] = {
-    {0x0302, "application/vnd.syncml+xml"},    {0x0303, "application/vnd.syncml+wbxml"},
-    {0x0304, "text/vnd.wap.emn+xml"},          {0x0305, "text/calendar"},
+    // clang-format off
+    {0x0302, "application/vnd.syncml+xml"},
+    {0x0303, "application/vnd.syncml+wbxml"},
+    {0x0304, "text/vnd.wap.emn+xml"},
+    {0x0305, "text/calendar"},
+    {0x0309, "text/directory;profile=vCard"},  // registered with its parameter
     {0x030A, "application/vnd.wap.emn+wbxml"},
+    // clang-format on
 };
 
 constexpr ParameterRow kParameters[] = {

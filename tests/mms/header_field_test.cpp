@@ -64,6 +64,27 @@ TEST(HeaderFields, EveryOctetOfACodeIsKept) {
     }
 }
 
+// The tokens before a time are the two that there are; those before other values may be more one day.
+TEST(HeaderFields, EveryTokenOfAValueIsKept) {
+    for (const HeaderRow& row : header_rows()) {
+        const bool is_time = row.form == HeaderForm::Time;
+        if (!is_time && row.form != HeaderForm::MarkedNumber && row.form != HeaderForm::MarkedText) continue;
+        const Octets rest = wire(row.form == HeaderForm::MarkedText ? "'ab' 00" : "02 0E 10");
+        const std::uint32_t last = is_time ? 0x81 : 0xFF;
+        for (std::uint32_t token = 0x80; token <= last; ++token) {
+            Octets octets = {std::byte{0x8C}, std::byte{0xA0}, static_cast<std::byte>(row.number | 0x80U),
+                             static_cast<std::byte>(rest.size() + 1), static_cast<std::byte>(token)};
+            octets.insert(octets.end(), rest.begin(), rest.end());
+            const Decoded decoded(octets);
+            ASSERT_TRUE(decoded.is_good);
+            ASSERT_EQ(decoded.message.headers.size(), 1U);
+            EXPECT_EQ(decoded.message.headers[0].value.token, token) << row.name;
+            EXPECT_NE(decoded.message.headers[0].value.kind, std::uint32_t{VZ_MMS_VALUE_RAW}) << row.name;
+            EXPECT_EQ(encoded_block(decoded.message.headers), octets) << row.name;
+        }
+    }
+}
+
 TEST(HeaderFields, DeviationsAreReadAndWrittenRight) {
     for (const FieldRow& row : deviating_fields()) expect_field(row);
 }
