@@ -44,12 +44,13 @@ void write_multimedia(const void* record, DataObject& object) {
     MultimediaItem item;
     std::memcpy(&item, record, sizeof item);
     mms::CMMSCodec2 codec;
-    const std::optional<std::vector<std::byte>> pdu = codec.encode(mms::load_record(item));
+    mms::Message message = mms::load_record(item);
+    const std::optional<mms::EncodedPdu> pdu = codec.encode(message);
     if (!pdu) raise(VZ_ERR_BAD_VALUE);
     if (pdu->size() > std::numeric_limits<std::uint32_t>::max()) raise(VZ_ERR_OUT_OF_MEMORY);
     platform::HeapPointer<void> block(platform::heap_allocate_unfilled(pdu->size()));
     if (!block) raise(VZ_ERR_OUT_OF_MEMORY);
-    std::memcpy(block.get(), pdu->data(), pdu->size());
+    pdu->copy_to(static_cast<std::byte*>(block.get()));
     object.format = VZ_FORMAT_DATA_OBJECT;
     object.length = static_cast<std::uint32_t>(pdu->size());
     object.text = block.release();

@@ -1,10 +1,10 @@
 #include "mms/mms_codec.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "mms/mms_header.h"
 #include "mms/mms_tables.h"
-#include "mms/multipart.h"
 #include "mms/presentation.h"
 #include "mms/wsp_encoding.h"
 #include "versit/ascii.h"
@@ -28,14 +28,6 @@ Bytes without_push_header(Bytes pdu) {
     const bool is_message = type && versit::equals_ignoring_case(std::u16string_view(type->media),
                                                                  "APPLICATION/VND.WAP.MMS-MESSAGE");
     return is_message ? *push.bytes(push.left()) : pdu;
-}
-
-// Not exact: enough for a usual message, so that its data are copied once.
-std::size_t expected_size(const Message& message) {
-    constexpr std::size_t kHead = 128;
-    std::size_t size = (message.headers.size() + message.parts.size()) * kHead;
-    for (const Part& part : message.parts) size += part.data.size();
-    return size;
 }
 
 std::size_t entries_of(const ContentType& type) {
@@ -80,25 +72,28 @@ std::optional<Message> CMMSCodec2::decode(Bytes pdu) {
     return message;
 }
 
-std::optional<std::vector<std::byte>> CMMSCodec2::encode(Message message) {
+std::optional<EncodedPdu> CMMSCodec2::encode(Message& message) {
     if (!CMultipartContainer::can_encode(message.parts)) return std::nullopt;
     complete_body(message);
     std::vector<Part>& parts = message.parts;
     if (!CMultipartContainer::can_encode(parts)) return std::nullopt;  // it may be one container deeper now
     if (parts.empty() && needs_body(message.type)) return std::nullopt;
     keep_names(parts);
-    WspWriter pdu;
-    pdu.reserve(expected_size(message));
+    WspWriter head;
     CMMSHeader header;
-    if (!header.encode(message, pdu)) return std::nullopt;
+    if (!header.encode(message, head)) return std::nullopt;
     if (!parts.empty()) {
-        pdu.octet(VZ_MMS_HEADER_CONTENT_TYPE | 0x80);
-        pdu.content_type(parts.front().type);
-        CMultipartContainer::encode(parts, pdu);
+        head.octet(VZ_MMS_HEADER_CONTENT_TYPE | 0x80);
+        head.content_type(parts.front().type);
     }
-    if (entries_of(message) > EntryLimit::of(pdu.bytes().size()))
-        return std::nullopt;  // nobody could read it
-    return pdu.take();
+    EncodedPdu pdu(head.take(), EncodedBody(parts));
+    if (entries_of(message) > EntryLimit::of(pdu.size())) return std::nullopt;  // nobody could read it
+    return pdu;
+}
+
+void EncodedPdu::copy_to(std::byte* out) const {
+    out = std::copy(head_.begin(), head_.end(), out);
+    body_.copy_to(out);
 }
 
 }  // namespace vzapi::mms

@@ -3,11 +3,28 @@
 
 #include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "mms/mms_message.h"
+#include "mms/multipart.h"
 
 namespace vzapi::mms {
+
+// A PDU that is still in pieces: the data of parts are copied once, to where the PDU is wanted.
+class EncodedPdu {
+public:
+    EncodedPdu(std::vector<std::byte> head, EncodedBody body)
+        : head_(std::move(head)), body_(std::move(body)) {}
+
+    [[nodiscard]] std::size_t size() const noexcept { return head_.size() + body_.size(); }
+    // Writes size() bytes.
+    void copy_to(std::byte* out) const;
+
+private:
+    std::vector<std::byte> head_;
+    EncodedBody body_;
+};
 
 class CMMSCodec2 {
 public:
@@ -16,8 +33,9 @@ public:
     // in proportion to the size of `pdu`.
     [[nodiscard]] std::optional<Message> decode(Bytes pdu);
 
-    // The PDU of a message in canonical form; nothing when it cannot be encoded.
-    [[nodiscard]] std::optional<std::vector<std::byte>> encode(Message message);
+    // The PDU of a message in canonical form; nothing when it cannot be encoded. The message gets what its
+    // body lacks, and must stay as long as the PDU.
+    [[nodiscard]] std::optional<EncodedPdu> encode(Message& message);
 
     // After decode(): headers and parts, and what was seen.
     [[nodiscard]] std::size_t count() const noexcept { return count_; }

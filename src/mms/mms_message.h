@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -16,10 +17,12 @@ namespace vzapi::mms {
 
 using Bytes = std::span<const std::byte>;
 
-// Appends to a list that may get long. It has room for a quarter more than it holds, not for twice as much.
+// Appends to a list that may get long: one that has become so has room for a quarter more than it holds, not
+// for twice as much.
 template <class Entry>
-void append(std::vector<Entry>& list, Entry entry) {
-    if (list.size() == list.capacity()) list.reserve(list.size() + list.size() / 4 + 1);
+void append(std::vector<Entry>& list, std::type_identity_t<Entry>&& entry) {
+    constexpr std::size_t kLong = 16;
+    if (list.size() == list.capacity() && list.size() >= kLong) list.reserve(list.size() / 4 * 5);
     list.push_back(std::move(entry));
 }
 

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::u16string_view kUnknownMedia = u"application/octet-stream";
 constexpr std::uint32_t kMostHeaderNumber = 0x7F;
+constexpr std::size_t kUsualParts = 16;
 
 void mark_truncated(Message& message, std::size_t number) {
     message.parts[number - 1].flags |= VZ_MMS_PART_TRUNCATED;
@@ -22,7 +23,7 @@ public:
     BodyReader(EntryLimit& limit, Message& message) : limit_(limit), message_(message) {}
 
     // `part` is inside `nesting` containers.
-    void add_part(Part part, std::size_t nesting) {
+    void add_part(Part&& part, std::size_t nesting) {
         const Bytes content = part.data;
         const bool is_container =
             nesting < kMostNesting && CMultipartContainer::is_container(part.type.media);
@@ -40,6 +41,8 @@ private:
         CWSPEncoding body(content);
         const std::optional<std::uint32_t> count = body.uintvar();
         bool is_complete = count.has_value();
+        if (is_complete && nesting == 1)
+            message_.parts.reserve(container + std::min<std::size_t>(*count, kUsualParts));
         for (std::uint32_t i = 0; is_complete && i < *count; ++i) {
             is_complete = add_entry(body, container, nesting);
         }
@@ -91,43 +94,15 @@ bool can_encode_header(const Header& header) {
     }
 }
 
-// The parts of a body, written from the innermost container outwards: an entry begins with its length.
-class BodyWriter {
-public:
-    explicit BodyWriter(const std::vector<Part>& parts) : parts_(parts), inside_(parts.size()) {
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            if (parts[i].container != 0) inside_[parts[i].container - 1].push_back(i);
-        }
-    }
+std::byte* copy(Bytes bytes, std::byte* out) {
+    return std::copy(bytes.begin(), bytes.end(), out);
+}
 
-    void append_content(std::size_t index, WspWriter& pdu) const {
-        const Part& part = parts_[index];
-        if ((part.flags & VZ_MMS_PART_CONTAINER) == 0) return pdu.append(part.data);
-        pdu.uintvar(static_cast<std::uint32_t>(inside_[index].size()));
-        for (const std::size_t entry : inside_[index]) append_entry(entry, pdu);
-    }
-
-private:
-    void append_entry(std::size_t index, WspWriter& pdu) const {
-        const Part& part = parts_[index];
-        WspWriter head;
-        CMultipartFile::encode_head(part, head);
-        pdu.uintvar(static_cast<std::uint32_t>(head.bytes().size()));
-        if ((part.flags & VZ_MMS_PART_CONTAINER) == 0) {
-            pdu.uintvar(static_cast<std::uint32_t>(part.data.size()));
-            pdu.append(head.bytes());
-            return pdu.append(part.data);
-        }
-        WspWriter content;
-        append_content(index, content);
-        pdu.uintvar(static_cast<std::uint32_t>(content.bytes().size()));
-        pdu.append(head.bytes());
-        pdu.append(content.bytes());
-    }
-
-    const std::vector<Part>& parts_;
-    std::vector<std::vector<std::size_t>> inside_;  // of each part
-};
+std::size_t uintvar_size(std::size_t value) {
+    std::size_t size = 1;
+    while ((value >>= 7U) != 0) ++size;
+    return size;
+}
 
 }  // namespace
 
@@ -162,8 +137,42 @@ bool CMultipartContainer::can_encode(const std::vector<Part>& parts) {
     return true;
 }
 
-void CMultipartContainer::encode(const std::vector<Part>& parts, WspWriter& pdu) {
-    BodyWriter(parts).append_content(0, pdu);
+EncodedBody::EncodedBody(const std::vector<Part>& parts) : parts_(&parts), entries_(parts.size()) {
+    for (std::size_t i = parts.size(); i-- != 0;) {
+        const Part& part = parts[i];
+        Entry& entry = entries_[i];
+        const bool is_container = (part.flags & VZ_MMS_PART_CONTAINER) != 0;
+        entry.content_size += is_container ? uintvar_size(entry.count) : part.data.size();
+        if (part.container == 0) continue;
+        CMultipartFile::encode_head(part, entry.head);
+        const std::size_t head_size = entry.head.bytes().size();
+        Entry& outside = entries_[part.container - 1];
+        ++outside.count;
+        outside.content_size +=
+            uintvar_size(head_size) + uintvar_size(entry.content_size) + head_size + entry.content_size;
+        entry.next = std::exchange(outside.first, i);
+    }
+}
+
+void EncodedBody::copy_to(std::byte* out) const {
+    if (!entries_.empty()) copy_content(0, out);
+}
+
+std::byte* EncodedBody::copy_content(std::size_t index, std::byte* out) const {
+    const Part& part = (*parts_)[index];
+    if ((part.flags & VZ_MMS_PART_CONTAINER) == 0) return copy(part.data, out);
+    const Entry& container = entries_[index];
+    WspWriter count;
+    count.uintvar(static_cast<std::uint32_t>(container.count));
+    out = copy(count.bytes(), out);
+    for (std::size_t i = container.first; i != 0; i = entries_[i].next) {
+        const Entry& entry = entries_[i];
+        WspWriter lengths;
+        lengths.uintvar(static_cast<std::uint32_t>(entry.head.bytes().size()));
+        lengths.uintvar(static_cast<std::uint32_t>(entry.content_size));
+        out = copy_content(i, copy(entry.head.bytes(), copy(lengths.bytes(), out)));
+    }
+    return out;
 }
 
 }  // namespace vzapi::mms

@@ -25,6 +25,36 @@ public:
     static void encode_head(const Part& part, WspWriter& head);
 };
 
+// The content of a body, of which the lengths are known and the data still stand where they were.
+class EncodedBody {
+public:
+    // Views `parts`, which must stay; without any the body is empty. REQUIRES:
+    // CMultipartContainer::can_encode(parts), and no part but the first is in no container.
+    explicit EncodedBody(const std::vector<Part>& parts);
+
+    [[nodiscard]] std::size_t size() const noexcept {
+        return entries_.empty() ? 0 : entries_.front().content_size;
+    }
+    // Writes size() bytes.
+    void copy_to(std::byte* out) const;
+
+private:
+    // A part as it stands in its container, and what it holds itself.
+    struct Entry {
+        WspWriter head;
+        std::size_t content_size = 0;
+        std::size_t count = 0;
+        std::size_t first = 0;  // indices; 0, which is the body, stands for none
+        std::size_t next = 0;
+    };
+
+    // Returns the end of what it writes.
+    std::byte* copy_content(std::size_t index, std::byte* out) const;
+
+    const std::vector<Part>* parts_;
+    std::vector<Entry> entries_;  // of each part
+};
+
 class CMultipartContainer {
 public:
     // True for the multipart types, whatever their subtype, of WSP and of MIME.
@@ -38,10 +68,6 @@ public:
     // before it, or has a header that is none of the forms that part heads have; there are too many, or they
     // are too deep.
     [[nodiscard]] static bool can_encode(const std::vector<Part>& parts);
-
-    // Appends the content of the body, the first of `parts`. REQUIRES: can_encode(parts), and no part but the
-    // first is in no container.
-    static void encode(const std::vector<Part>& parts, WspWriter& pdu);
 };
 
 // True for SMIL, the language of presentation parts.

@@ -69,6 +69,7 @@ std::u16string_view without_marks(std::u16string_view id) noexcept {
 
 // Which of the parts of a container may be its root.
 struct Root {
+    bool is_needed = false;     // in a related container
     std::u16string_view start;  // the content id that the container names
     Part* by_start = nullptr;
     Part* by_type = nullptr;
@@ -92,14 +93,14 @@ void mark_presentations(std::vector<Part>& parts) {
     std::vector<Root> roots(parts.size());
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const ContentType& type = parts[i].type;
-        const bool is_root_needed = (parts[i].flags & VZ_MMS_PART_CONTAINER) != 0 && is_related(type.media);
-        if (is_root_needed) {
+        roots[i].is_needed = (parts[i].flags & VZ_MMS_PART_CONTAINER) != 0 && is_related(type.media);
+        if (roots[i].is_needed) {
             if (const auto* start = text_parameter(type.parameters, "START"))
                 roots[i].start = without_marks(*start);
         }
         if (parts[i].container == 0) continue;
-        const Part& container = parts[parts[i].container - 1];
-        if (is_related(container.type.media)) consider(parts[i], roots[parts[i].container - 1]);
+        Root& root = roots[parts[i].container - 1];
+        if (root.is_needed) consider(parts[i], root);
     }
     for (const Root& root : roots) {
         if (Part* const part = root.chosen()) part->flags |= VZ_MMS_PART_PRESENTATION;

@@ -91,8 +91,6 @@ private:
 // Writes the shortest form of everything, to the end of one buffer. Texts end at their first NUL.
 class WspWriter {
 public:
-    // Makes room for that many bytes more.
-    void reserve(std::size_t size) { bytes_.reserve(bytes_.size() + size); }
     void octet(std::uint8_t value) { bytes_.push_back(static_cast<std::byte>(value)); }
     void uintvar(std::uint32_t value);
     void short_integer(std::uint8_t value) { octet(static_cast<std::uint8_t>(value | 0x80U)); }
