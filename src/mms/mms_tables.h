@@ -33,9 +33,9 @@ enum class HeaderForm : std::uint8_t {
 };
 
 struct HeaderRow {
-    std::uint32_t number;   // VZ_MMS_HEADER_
-    std::string_view name;  // "X-Mms-Transaction-Id"
+    std::uint32_t number;  // VZ_MMS_HEADER_
     HeaderForm form;
+    std::string_view name;  // "X-Mms-Transaction-Id"
 };
 
 // One row a number, from 1 to 0x3F, in that order.
@@ -63,9 +63,9 @@ enum class ParameterForm : std::uint8_t {
 
 struct ParameterRow {
     std::uint32_t number;
-    std::string_view name;
     ParameterForm form;
     bool is_written;  // several numbers may have one name; this is the one to write
+    std::string_view name;
 };
 
 [[nodiscard]] std::span<const ParameterRow> parameter_rows() noexcept;  // in the order of the numbers
@@ -76,10 +76,10 @@ struct ParameterRow {
 // What a PDU type demands.
 struct PduRow {
     std::uint32_t type;
+    bool needs_recipient;  // one of To, Cc and Bcc
+    bool has_body;
     std::string_view name;                     // "m-send-req"
     std::span<const std::uint32_t> mandatory;  // header numbers
-    bool needs_recipient;                      // one of To, Cc and Bcc
-    bool has_body;
 };
 
 [[nodiscard]] std::span<const PduRow> pdu_rows() noexcept;  // in the order of the types

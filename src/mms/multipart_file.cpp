@@ -125,7 +125,8 @@ bool read_named(CWSPEncoding& head, Part& part) {
     return true;
 }
 
-// False at the end of what can be understood, or may be: behind a shift to another page the numbers mean other headers.
+// False at the end of what can be understood, or there may be: behind a shift to another page the numbers
+// mean other headers.
 bool read_header(CWSPEncoding& head, Part& part) {
     const std::uint8_t first = *head.peek();
     if (first >= kNumberMark) return read_numbered(head, part);

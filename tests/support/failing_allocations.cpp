@@ -1,5 +1,5 @@
-// The program's operator new is this one: it asks the FailingAllocations of the thread, tells its MemoryMeter,
-// and forwards to malloc, whose blocks AddressSanitizer and valgrind watch over as ever.
+// The program's operator new is this one: it asks the FailingAllocations of the thread, tells its
+// MemoryMeter, and forwards to malloc, whose blocks AddressSanitizer and valgrind watch over as ever.
 #include "support/failing_allocations.h"
 
 #include <cstdlib>
