@@ -63,7 +63,7 @@ constexpr HeaderRow kHeaders[] = {
     {VZ_MMS_HEADER_ELEMENT_DESCRIPTOR,      HeaderForm::Raw,              "X-Mms-Element-Descriptor"},
     {VZ_MMS_HEADER_LIMIT,                   HeaderForm::Integer,          "X-Mms-Limit"},
     {VZ_MMS_HEADER_RETRIEVAL_MODE,          HeaderForm::Octet,            "X-Mms-Recommended-Retrieval-Mode"},
-    {VZ_MMS_HEADER_RETRIEVAL_MODE_TEXT,     HeaderForm::EncodedText,      "X-Mms-Recommended-Retrieval-Mode-Text"},
+    {VZ_MMS_HEADER_RETRIEVAL_MODE_TEXT,     HeaderForm::EncodedText, "X-Mms-Recommended-Retrieval-Mode-Text"},
     {VZ_MMS_HEADER_STATUS_TEXT,             HeaderForm::EncodedText,      "X-Mms-Status-Text"},
     {VZ_MMS_HEADER_APPLIC_ID,               HeaderForm::Text,             "X-Mms-Applic-ID"},
     {VZ_MMS_HEADER_REPLY_APPLIC_ID,         HeaderForm::Text,             "X-Mms-Reply-Applic-ID"},
