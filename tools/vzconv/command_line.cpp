@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "vzconv/code_words.h"
+#include "vzconv/extract.h"
 #include "vzconv/failure.h"
 #include "vzconv/library.h"
 #include "vzconv/versit_output.h"
@@ -21,25 +22,31 @@ struct CommandRow {
     Command run;
     bool writes_versit;  // has --profile and --utf8
     bool has_record_size;
+    bool writes_files;  // has -o
 };
 
-constexpr const char* kVersitFiles =
-    "Files with versit objects or an e-mail item, or folders of them; - is standard input";
+constexpr const char* kObjectFiles =
+    "Files with versit objects, a multimedia message or an e-mail item, or folders of them; - is standard "
+    "input";
 constexpr const char* kJsonFiles =
     "Files with JSON objects, one a line, or folders of them; - is standard input";
 
 constexpr CommandRow kCommands[] = {
-    {"show", "Print each object for a person to read", kVersitFiles, show, false, true},
-    {"list", "Print a line for each message, sorted by date", kVersitFiles, list, false, false},
-    {"json", "Print each object as one line of JSON", kVersitFiles, json, false, true},
-    {"versit", "Print versit text for each line of JSON", kJsonFiles, versit, true, true},
-    {"check", "Print a line for each object: file, line, kind, ok or what is wrong", kVersitFiles, check,
-     false, false},
+    {"show", "Print each object for a person to read", kObjectFiles, show, false, true, false},
+    {"list", "Print a line for each text message, sorted by date", kObjectFiles, list, false, false, false},
+    {"json", "Print each object as one line of JSON", kObjectFiles, json, false, true, false},
+    {"versit", "Print versit text, or a multimedia message, for each line of JSON", kJsonFiles, versit, true,
+     true, false},
+    {"check", "Print a line for each object: file, line, kind, ok or what is wrong", kObjectFiles, check,
+     false, false, false},
+    {"extract", "Write the parts of multimedia messages and the photos of contacts into a folder",
+     kObjectFiles, extract, false, false, true},
 };
 
 constexpr const char* kDescription =
-    "Converts phone data between versit text (vCard, vCalendar, vMessage, vBookmark) and JSON; reads e-mail "
-    "items.";
+    "Converts phone data between versit text (vCard, vCalendar, vMessage, vBookmark), multimedia messages "
+    "and "
+    "JSON; reads e-mail items.";
 constexpr const char* kFooter = "Exit status: 0 all converted, 1 some failed, 2 usage.";
 
 // The parser takes an argument in brackets for a list. This character before it, which no name begins with,
@@ -55,10 +62,12 @@ std::vector<std::string> for_parser(const std::vector<std::string>& arguments) {
     return reversed;
 }
 
+void remove_guard(std::string& name) {
+    if (name.starts_with(kGuard)) name.erase(0, 1);
+}
+
 void remove_guards(FileNames& files) {
-    for (std::string& file : files) {
-        if (file.starts_with(kGuard)) file.erase(0, 1);
-    }
+    for (std::string& file : files) remove_guard(file);
 }
 
 int convert(Command command, const Request& request, Streams streams) {
@@ -144,6 +153,16 @@ void add_record_size(CLI::App& command, uint32_t& size) {
                                VZ_CALENDAR_SIZE_WIDE_REPEAT, VZ_CALENDAR_SIZE_TIME_ZONE}));
 }
 
+// The option -o of a command that writes files.
+void add_folder(CLI::App& command, std::string& folder) {
+    command
+        .add_option("-o,--output", folder,
+                    "The folder to write into, made when it is not there; no file in it "
+                    "is overwritten")
+        ->required()
+        ->type_name("DIR");
+}
+
 int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
     CLI::App app(kDescription, "vzconv");
     app.footer(kFooter);
@@ -163,6 +182,7 @@ int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
             add_profile(*command, profile);
             command->add_flag("--utf8", request.utf8, "Write messages as UTF-8, not as UTF-16 with a mark");
         }
+        if (row.writes_files) add_folder(*command, request.folder);
         add_via(*command, via);
         if (row.has_record_size) add_record_size(*command, request.options.calendar_record_size);
     }
@@ -172,6 +192,7 @@ int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
         return answer(app, error, arguments, streams);
     }
     remove_guards(request.files);
+    remove_guard(request.folder);
     if (!profile.empty()) request.options.profile = profile_of(profile);
     if (!via.empty()) request.options.door = static_cast<Door>(code_of(kDoors, via).value());
     if (request.options.door == Door::Objects && !request.options.profile.is_none()) {

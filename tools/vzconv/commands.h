@@ -22,7 +22,8 @@ using FileNames = std::vector<std::string>;
 struct Request {
     FileNames files;  // and folders, which stand for the files in them
     Options options;
-    bool utf8 = false;  // messages are written as UTF-8 too
+    bool utf8 = false;   // messages are written as UTF-8 too
+    std::string folder;  // that files are written into
 };
 
 using Command = void (*)(const Request& request, Streams streams, Report& report);

@@ -1,10 +1,9 @@
 #include "vzconv/contact_show.h"
 
-#include <cstdio>
-#include <vector>
-
+#include "vzconv/contact_name.h"
 #include "vzconv/contact_parts.h"
 #include "vzconv/readable.h"
+#include "vzconv/size_words.h"
 
 namespace vzconv {
 namespace {
@@ -28,29 +27,12 @@ constexpr uint32_t kLast[] = {
     VZ_CONTACT_CLASS,     VZ_CONTACT_UID,
 };
 
-// The parts of a name in the order in which it is said, here and where the family comes first.
-constexpr uint32_t kNameParts[] = {VZ_CONTACT_NAME_PREFIX, VZ_CONTACT_GIVEN_NAME,  VZ_CONTACT_ADDITIONAL_NAME,
-                                   VZ_CONTACT_FAMILY_NAME, VZ_CONTACT_NAME_SUFFIX, VZ_CONTACT_NAME_EXTRA};
-constexpr uint32_t kFamilyFirst[] = {VZ_CONTACT_FAMILY_NAME,     VZ_CONTACT_GIVEN_NAME,
-                                     VZ_CONTACT_ADDITIONAL_NAME, VZ_CONTACT_NAME_PREFIX,
-                                     VZ_CONTACT_NAME_SUFFIX,     VZ_CONTACT_NAME_EXTRA};
-
 std::string with_mark(const std::string& text, bool preferred) {
     return preferred ? text + " (preferred)" : text;
 }
 
 std::string joined(const std::string& a, std::string_view between, const std::string& b) {
     return a.empty() || b.empty() ? a + b : a + std::string(between) + b;
-}
-
-std::string size_in_words(uint32_t bytes) {
-    constexpr uint32_t kKilobyte = 1024;
-    constexpr uint32_t kMegabyte = 1024 * kKilobyte;
-    if (bytes < kKilobyte) return std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes");
-    if (bytes < kMegabyte) return std::to_string((bytes + kKilobyte / 2) / kKilobyte) + " KB";
-    char text[32];
-    std::snprintf(text, sizeof text, "%.1f MB", double{1} * bytes / kMegabyte);
-    return text;
 }
 
 std::string photo_in_words(const ContactPhoto& photo) {
@@ -146,22 +128,9 @@ void show_fields(const ContactItem& item, std::span<const uint32_t> ids, Readabl
     }
 }
 
-std::string name_of_parts(const ContactItem& item, std::span<const uint32_t> parts,
-                          std::string_view between) {
-    std::string name;
-    for (const uint32_t id : parts) {
-        for (const ContactField& entry : entries_of(item, ContactList::General)) {
-            const std::string part = entry.fieldId == id ? text_of(entry.value.text) : std::string();
-            if (!name.empty() && !part.empty()) name += between;
-            name += part;
-        }
-    }
-    return name;
-}
-
 // The parts one by one.
 void show_parts_of_name(const ContactItem& item, Readable& readable) {
-    for (const uint32_t id : kFamilyFirst) {
+    for (const uint32_t id : family_first_name_parts()) {
         for (const ContactField& entry : entries_of(item, ContactList::General)) {
             const std::string part = entry.fieldId == id ? text_of(entry.value.text) : std::string();
             if (!part.empty()) readable.field(contact_word_of(id)->label, part);
@@ -171,9 +140,9 @@ void show_parts_of_name(const ContactItem& item, Readable& readable) {
 
 // The name as its owner wrote it; the parts are named where they do not make up the same.
 void show_name(const ContactItem& item, Readable& readable) {
-    const std::string parts = name_of_parts(item, kNameParts, " ");
-    const std::string family_first = name_of_parts(item, kFamilyFirst, " ");
-    const std::string without_blanks = name_of_parts(item, kFamilyFirst, "");
+    const std::string parts = name_of_parts(item, name_parts(), " ");
+    const std::string family_first = name_of_parts(item, family_first_name_parts(), " ");
+    const std::string without_blanks = name_of_parts(item, family_first_name_parts(), "");
     bool has_same = false;
     bool has_name = false;
     for (const ContactField& entry : entries_of(item, ContactList::General)) {

@@ -11,6 +11,7 @@
 
 #include "vzconv/email_document.h"
 #include "vzconv/failure.h"
+#include "vzconv/multimedia_pdu.h"
 #include "vzconv/text_lines.h"
 #include "vzconv/unicode.h"
 
@@ -131,10 +132,14 @@ InputText read_input(const std::string& name, std::istream& standard_input) {
 }
 
 InputText eight_bit_text(std::string bytes) {
-    std::optional<InputText> unicode = unicode_text_of(bytes);
     InputText input;
-    input.is_email_item = is_email_document(unicode ? unicode->text : bytes);
-    if (unicode && !input.is_email_item) return *std::move(unicode);
+    if (is_multimedia_pdu(bytes)) {
+        input.document = kMultimediaPdu;
+    } else {
+        std::optional<InputText> unicode = unicode_text_of(bytes);
+        if (is_email_document(unicode ? unicode->text : bytes)) input.document = kEmailElement;
+        if (unicode && input.document.empty()) return *std::move(unicode);
+    }
     input.text = std::move(bytes);
     return input;
 }

@@ -78,6 +78,14 @@ uint32_t number_in(const nlohmann::json& value, const std::string& name) {
     return static_cast<uint32_t>(value.get<uint64_t>());
 }
 
+uint64_t long_number_in(const nlohmann::json& value, const std::string& name) {
+    if (!value.is_number()) refuse_type(name, "a number", value);
+    if (!value.is_number_unsigned()) {
+        throw Failure(name + " must be a whole number from 0 to 18446744073709551615, not " + value.dump());
+    }
+    return value.get<uint64_t>();
+}
+
 const nlohmann::json& object_in(const nlohmann::json& value, const std::string& name) {
     if (!value.is_object()) refuse_type(name, "an object", value);
     return value;

@@ -59,8 +59,9 @@ std::u16string record_text_of(const nlohmann::json& value, const std::string& na
 // The code of a word; throws Failure, with the words that there are, when `value` is none of them.
 uint32_t code_in(std::span<const CodeWord> words, const nlohmann::json& value, const std::string& name);
 
-// A whole number from 0 to 4294967295.
+// A whole number from 0 to 4294967295, and one of up to 64 bits.
 uint32_t number_in(const nlohmann::json& value, const std::string& name);
+uint64_t long_number_in(const nlohmann::json& value, const std::string& name);
 
 const nlohmann::json& object_in(const nlohmann::json& value, const std::string& name);
 

@@ -8,6 +8,8 @@
 #include "vzconv/email.h"
 #include "vzconv/email_document.h"
 #include "vzconv/message.h"
+#include "vzconv/multimedia.h"
+#include "vzconv/multimedia_pdu.h"
 #include "vzconv/text_lines.h"
 
 namespace vzconv {
@@ -22,6 +24,8 @@ constexpr Kind kKinds[] = {
      &kCalendarConverter},
     {kMessageRecord, TextForm::Utf16, "message", "messages", "VMSG", "", &kMessageConverter},
     {kBookmarkRecord, TextForm::CodePage, "bookmark", "bookmarks", "VBKM", "", &kBookmarkConverter},
+    {kMultimediaRecord, TextForm::Binary, "multimedia message", "multimedia messages", kMultimediaPdu, "",
+     &kMultimediaConverter},
     {kEmailRecord, TextForm::Xml, "e-mail item", "e-mail items", kEmailElement, "", &kEmailConverter},
 };
 

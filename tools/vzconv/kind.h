@@ -6,7 +6,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "vzconv/embedded_file.h"
 #include "vzconv/json_object.h"
 #include "vzconv/library.h"
 #include "vzconv/options.h"
@@ -24,7 +26,11 @@ struct Converter {
     // Every field counts or is refused.
     std::string (*from_json)(const JsonObject& object, const Options& options);
     // The fields as to_json would say them. Null: there is one way only.
-    nlohmann::json (*plain_form)(const nlohmann::json& fields);
+    nlohmann::json (*plain_form)(const nlohmann::json& fields) = nullptr;
+    // Throws Failure for what is wrong with an object that can be read all the same. Null: nothing.
+    void (*check)(std::string_view text, const Options& options) = nullptr;
+    // What in it is a file of its own. Null: nothing.
+    std::vector<EmbeddedFile> (*files)(std::string_view text, const Options& options) = nullptr;
 };
 
 // What the text of an object is made of.
@@ -32,6 +38,7 @@ enum class TextForm : uint8_t {
     CodePage,  // bytes: a line without CHARSET is in the system's code page
     Utf16,     // units; UTF-8 where a file has it as bytes
     Xml,       // bytes in a charset that the document itself names
+    Binary,    // no text: bytes
 };
 
 struct Kind {

@@ -13,9 +13,9 @@ bool is_wide(RecordType record) {
     return record.object == VZ_OBJECT_MESSAGE;
 }
 
-// The lengths of XML are its own affair, and so are the NULs of UTF-16 in it.
+// XML may be UTF-16, whose NULs are halves of characters, and binary objects may hold anything.
 bool is_versit(RecordType record) {
-    return record.object != VZ_OBJECT_EMAIL;
+    return record.object != VZ_OBJECT_EMAIL && record.object != VZ_OBJECT_MULTIMEDIA;
 }
 
 void check(ResultCode code) {
@@ -141,8 +141,12 @@ std::string write_record(RecordType record, const void* item, const Options& opt
                                output.get()));
         return output.text(record);
     }
-    if (!options.profile.is_none()) throw Failure("the data-object functions know no profile");
-    check(ODCAPI_CreateDataObject(record.object, item, output.get()));
+    if (record.type != 0 && !options.profile.is_none())
+        throw Failure("the data-object functions know no profile");
+    const ResultCode code = ODCAPI_CreateDataObject(record.object, item, output.get());
+    if (code == VZ_ERR_BAD_VALUE)
+        throw Failure(result_text(code, "a value that the object needs is missing or wrong"));
+    check(code);
     if (output.get()->length == 0) throw Failure("the library does not write this record");
     return output.text(record);
 }

@@ -34,13 +34,14 @@ inline constexpr RecordType kCalendarRecord = {VZ_TYPE_CALENDAR, VZ_OBJECT_CALEN
 inline constexpr RecordType kMessageRecord = {VZ_TYPE_MESSAGE, VZ_OBJECT_MESSAGE};
 inline constexpr RecordType kBookmarkRecord = {VZ_TYPE_BOOKMARK, VZ_OBJECT_BOOKMARK};
 inline constexpr RecordType kContactGroupRecord = {VZ_TYPE_CONTACT_GROUP, 0};
+inline constexpr RecordType kMultimediaRecord = {0, VZ_OBJECT_MULTIMEDIA};
 inline constexpr RecordType kEmailRecord = {0, VZ_OBJECT_EMAIL};
 
-// A record that one family alone has is converted by that one: e-mail items by either door, contact groups by
-// Door::Conversions only, and refused at the other.
+// A record that one family alone has is converted by that one: multimedia messages and e-mail items by either
+// door, contact groups by Door::Conversions only, and refused at the other.
 
-// The test for the marks of an object of that record. `text` is 8-bit text, which messages (whose text
-// crosses the interface as UTF-16) are converted from.
+// The test for the marks of an object of that record. `text` is 8-bit text or bytes, which messages (whose
+// text crosses the interface as UTF-16) are converted from.
 void validate(RecordType record, std::string_view text, Door door);
 
 // Reads `text` into the record at `item`, which owns nothing yet. What it holds after a failure needs
@@ -48,7 +49,8 @@ void validate(RecordType record, std::string_view text, Door door);
 void read_record(RecordType record, std::string_view text, Door door, void* item);
 void release_record(RecordType record, Door door, void* item);
 
-// The text that the library writes for the record at `item` and the device of the profile, as 8-bit text.
+// The text that the library writes for the record at `item` and the device of the profile, as 8-bit text; of
+// a multimedia message the bytes, which are the same for every profile.
 std::string write_record(RecordType record, const void* item, const Options& options);
 
 // A record that the library filled from text, released with what it owns. `size` is the version of it that

@@ -2,38 +2,18 @@
 
 #include "vzconv/message_json.h"
 #include "vzconv/message_show.h"
+#include "vzconv/record_converter.h"
 
 namespace vzconv {
 namespace {
 
-using Message = ReadRecord<MessageItem, kMessageRecord>;
-
-std::string show(std::string_view text, const Options& options) {
-    return show_message(*Message(text, options.door));
-}
-
-void to_json(std::string_view text, const Options& options, nlohmann::ordered_json& object) {
-    put_message(*Message(text, options.door), object);
-}
-
-std::string from_json(const JsonObject& object, const Options& options) {
-    MessageRecord record;
-    take_message(object.fields, record);
-    const MessageItem item = record.item();
-    return write_record(kMessageRecord, &item, options);
-}
-
-// A day without a time of day, an empty text and an empty list are said otherwise by to_json.
-nlohmann::json plain_form(const nlohmann::json& fields) {
-    MessageRecord record;
-    take_message(fields, record);
-    nlohmann::ordered_json object = nlohmann::ordered_json::object();
-    put_message(record.item(), object);
-    return nlohmann::json(object);
-}
+using Messages =
+    RecordConverter<MessageItem, kMessageRecord, MessageRecord, show_message, put_message, take_message>;
 
 }  // namespace
 
-const Converter kMessageConverter = {show, to_json, from_json, plain_form};
+// A day without a time of day, an empty text and an empty list are said otherwise by to_json.
+const Converter kMessageConverter = {Messages::show, Messages::to_json, Messages::from_json,
+                                     Messages::plain_form};
 
 }  // namespace vzconv

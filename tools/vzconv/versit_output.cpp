@@ -28,7 +28,12 @@ void put(std::ostream& out, std::string_view text) {
 
 void VersitOutput::put_object(const Kind& kind, std::string_view text) {
     const bool is_wide = kind.form == TextForm::Utf16 && !utf8_;
-    const State state = is_wide ? State::Utf16 : State::EightBit;
+    const bool is_binary = kind.form == TextForm::Binary;
+    const State state = is_binary ? State::Binary : is_wide ? State::Utf16 : State::EightBit;
+    if (state_ == State::Binary)
+        throw Failure("cannot stand behind a multimedia message, which is a whole file");
+    if (is_binary && state_ != State::Empty)
+        throw Failure("multimedia messages are whole files and cannot stand behind other objects");
     if (state_ != State::Empty && state_ != state) {
         throw Failure(is_wide
                           ? "messages are UTF-16 and cannot stand behind other objects; --utf8 writes both"
