@@ -85,7 +85,7 @@ TEST(ContactShow, SizesAreRounded) {
     EXPECT_EQ(photo_of(0), "Contact\n  Photo                picture, 0 bytes\n");
     EXPECT_EQ(photo_of(1023), "Contact\n  Photo                picture, 1023 bytes\n");
     EXPECT_EQ(photo_of(1024), "Contact\n  Photo                picture, 1 KB\n");
-    EXPECT_EQ(photo_of(1536), "Contact\n  Photo                picture, 2 KB\n");
+    EXPECT_EQ(photo_of(1536), "Contact\n  Photo                picture, 1.5 KB\n");
     EXPECT_EQ(photo_of(1572864), "Contact\n  Photo                picture, 1.5 MB\n");
 }
 

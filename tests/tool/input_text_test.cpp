@@ -4,7 +4,9 @@
 
 #include <sstream>
 
+#include "vzconv/email_document.h"
 #include "vzconv/failure.h"
+#include "vzconv/multimedia_pdu.h"
 
 namespace vzconv {
 namespace {
@@ -88,10 +90,22 @@ TEST(InputText, AnEmailItemKeepsItsBytes) {
                                 bytes("\0<\0E\0m\0\x61\0i\0l\0/\0>")};
     for (const std::string& row : rows) {
         const InputText text = eight_bit_text(row);
-        EXPECT_TRUE(text.is_email_item) << row;
+        EXPECT_EQ(text.document, kEmailElement) << row;
         EXPECT_EQ(text.text, row);
     }
-    EXPECT_FALSE(eight_bit_text("BEGIN:VCARD\r\nNOTE:<Email>\r\nEND:VCARD\r\n").is_email_item);
+    EXPECT_EQ(eight_bit_text("BEGIN:VCARD\r\nNOTE:<Email>\r\nEND:VCARD\r\n").document, "");
+}
+
+TEST(InputText, AMultimediaMessageKeepsItsBytes) {
+    const std::string rows[] = {"\x8C\x80", bytes("\x8C\x84\x8D\x90\0\xFF\xFE"), "\x8C\xFF<Email/>"};
+    for (const std::string& row : rows) {
+        const InputText text = eight_bit_text(row);
+        EXPECT_EQ(text.document, kMultimediaPdu);
+        EXPECT_EQ(text.text, row);
+    }
+    for (const std::string& row : {std::string("\x8C"), bytes("\x8C\0\x42\0"), std::string("\x8C\x7F"),
+                                   std::string("\xFF\xFE\x8C\x80"), std::string("\x8D\x90\x8C\x80")})
+        EXPECT_EQ(eight_bit_text(row).document, "");
 }
 
 TEST(InputText, StandardInputIsReadToItsEnd) {

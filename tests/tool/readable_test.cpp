@@ -23,6 +23,12 @@ TEST(Readable, ValuesAreShownWithoutWhatATerminalObeys) {
          "\xEF\xBF\xBD"
          "31m"},
         {"\xC2\xA0", "\xC2\xA0"},
+        {"a\xE2\x80\xAE"
+         "b",
+         "a\xEF\xBF\xBD"
+         "b"},
+        {"\xE2\x81\xA6\xE2\x81\xA9", "\xEF\xBF\xBD\xEF\xBF\xBD"},
+        {"\xE2\x80\x8F\xE2\x80\xAF\xE2\x81\xAA\xE2\x80", "\xE2\x80\x8F\xE2\x80\xAF\xE2\x81\xAA\xE2\x80"},
         {"\xC2", "\xC2"},
         {"one\ntwo", "one\n            two"},
         {"one\r\ntwo", "one\n            two"},

@@ -4,18 +4,20 @@
 Usage: run_cases.py VZCONV [EMULATOR ...]
 
 Samples are the *.vbm files of tests/data/bookmarks, the *.vcf files of tests/data/contacts, the *.vcs and *.ics files
-of tests/data/calendar, the *.vmg files of tests/data/messages and the *.xml files of tests/data/email. Beside each
-stands what the commands print for it: .expected.json (json), .expected.txt (show), .expected.check (check), and, where
-something is to be said on standard error, .expected.err (json and show), .expected.check.err (check) and
-.expected.versit.err (versit of the JSON). The *.json files of from-json are the input of the command versit, with
-.expected.vbm, .expected.vcf, .expected.vcs, .expected.ics or .expected.vmg, one such with "utf8", the name of a profile
-or a size of the record in it for each one asked for, and .expected.err. A message that is no warning is a failure: exit
-status 1. Every case expects the same bytes on every platform.
+of tests/data/calendar, the *.vmg files of tests/data/messages, the *.mms files of tests/data/multimedia and the *.xml
+files of tests/data/email. Beside each stands what the commands print for it: .expected.json (json), .expected.txt
+(show), .expected.check (check), .expected.extract (extract, where there are files in it), and, where something is to be
+said on standard error, .expected.err (json and show), .expected.check.err (check) and .expected.versit.err (versit of
+the JSON). The *.json files of from-json are the input of the command versit, with .expected.vbm, .expected.vcf,
+.expected.vcs, .expected.ics, .expected.vmg or .expected.mms, one such with "utf8", the name of a profile or a size of
+the record in it for each one asked for, and .expected.err. A message that is no warning is a failure: exit status 1.
+Every case expects the same bytes on every platform.
 
 The cases on objects run twice, through the conversion functions and through the data-object functions of the library.
 The second time samples with contact groups are left out, which those functions do not have, and profiles are refused.
 """
 
+import base64
 import json
 import os
 import pathlib
@@ -25,18 +27,23 @@ import sys
 import tempfile
 
 DATA = pathlib.Path(__file__).resolve().parent.parent / "data"
+CORPUS = DATA.parent.parent.parent / "shared" / "corpus" / "mms"  # messages of many makers, when they are there
+sys.path.insert(0, str(DATA))
+import make_multimedia  # noqa: E402  pylint: disable=wrong-import-position
+
 SAMPLES = DATA / "bookmarks"
 FOLDERS = (  # of samples, with the suffixes of their files
     (SAMPLES, (".vbm",)),
     (DATA / "contacts", (".vcf",)),
     (DATA / "calendar", (".vcs", ".ics")),
     (DATA / "messages", (".vmg",)),
+    (DATA / "multimedia", (".mms",)),
     (DATA / "email", (".xml",)),
 )
 DOORS = ("conversions", "objects")  # what --via knows
-COMMANDS = ("show", "list", "json", "versit", "check")
+COMMANDS = ("show", "list", "json", "versit", "check", "extract")
 RECORD_SIZE = "record-"  # in the name of a file with what is expected: behind it stands a size
-KINDS = {"bookmark", "contact", "group", "calendar entry", "message", "e-mail item"}
+KINDS = {"bookmark", "contact", "group", "calendar entry", "message", "multimedia message", "e-mail item"}
 HINT = b"\nTry vzconv --help.\n"
 TIME_ZONE = "Europe/Berlin"  # some times in UTC become local ones
 BOOKMARK = b"BEGIN:VBKM\r\nVERSION:1.0\r\nTITLE:%s\r\nURL:http://www.example.com/\r\nEND:VBKM\r\n"
@@ -205,9 +212,116 @@ def round_trip_cases(tool, cases, folder):
         for arguments in (("--utf8",), ()) if folder.name == "messages" else (("--utf8",),):
             name = " ".join(["versit", *arguments, expected.name])
             versit = tool.run("versit", *arguments, expected.name, cwd=folder)
-            cases.expect(name, stderr=(losses, versit.stderr), status=(0, versit.returncode))
+            cases.expect(name, stderr=(losses, versit.stderr), status=(status_for(losses), versit.returncode))
             if not losses:
                 cases.expect_run("json of " + name, tool.run("json", "-", stdin=versit.stdout), objects)
+
+
+def listed_files(folder):
+    """Name and content of each file of a folder; none when it is not there."""
+    return {path.name: path.read_bytes() for path in folder.iterdir()} if folder.exists() else {}
+
+
+def extract_and_expect(tool, cases, name, folder, arguments, lines, contents, messages=b""):
+    """One case: the lines that are printed, and the files that are there then, which have these contents in turn."""
+    result = tool.run("extract", "-o", "files", *arguments, cwd=folder)
+    files = [line.split(b": ")[0].decode().removeprefix("files/") for line in lines.splitlines()]
+    cases.expect(name, stdout=(lines, result.stdout), stderr=(messages, result.stderr),
+                 status=(status_for(messages), result.returncode),
+                 files=(dict(zip(files, contents)), listed_files(folder / "files")))
+    shutil.rmtree(folder / "files", ignore_errors=True)
+
+
+def multimedia_cases(tool, cases, folder):
+    """Messages come back from their JSON byte for byte, and their parts as files."""
+    samples = DATA / "multimedia"
+    for name, pdu, parts, is_shortest in make_multimedia.samples():
+        path = samples / (name + ".mms")
+        cases.expect(f"{path.name} is what make_multimedia.py writes", pdu=(pdu, path.read_bytes()))
+        expected = path.with_suffix(".expected.json")
+        if is_shortest:
+            cases.expect_run(f"{path.name} from its JSON", tool.run("versit", expected.name, cwd=samples), pdu)
+        if parts:
+            shutil.copy(path, folder)
+            extract_and_expect(tool, cases, f"extract {path.name}", folder, [path.name],
+                               path.with_suffix(".expected.extract").read_bytes(), parts)
+
+
+def photos_in(path):
+    """The pictures of the contacts in a file of JSON lines."""
+    contacts = [json.loads(line) for line in path.read_text(encoding="utf-8").splitlines()]
+    photos = [contact["photo"] for contact in contacts if "photo" in contact]
+    return [base64.b64decode(photo["data"]) for photo in photos]
+
+
+def extract_cases(tool, cases, folder):
+    book = DATA / "contacts" / "phone-book.vcf"
+    photos = photos_in(book.with_suffix(".expected.json"))
+    lines = book.with_suffix(".expected.extract").read_bytes()
+    shutil.copy(book, folder)
+    extract_and_expect(tool, cases, "extract phone-book.vcf", folder, [book.name], lines, photos)
+    second = b"".join(line.replace(b".", b" (2).", 1) for line in lines.splitlines(keepends=True))
+    extract_and_expect(tool, cases, "extract the same file twice", folder, [book.name, book.name], lines + second,
+                       photos * 2)
+    (folder / "files").mkdir()
+    (folder / "files" / "gilbert DOT.gif").write_bytes(b"mine")
+    numbered = lines.replace(b"Gilbert Dot.gif", b"Gilbert Dot (2).gif")
+    result = tool.run("extract", "-o", "files", book.name, cwd=folder)
+    cases.expect("extract overwrites nothing", stdout=(numbered, result.stdout),
+                 mine=(b"mine", (folder / "files" / "gilbert DOT.gif").read_bytes()),
+                 count=(len(photos) + 1, len(listed_files(folder / "files"))))
+    shutil.rmtree(folder / "files")
+    card = b"BEGIN:VCARD\r\nVERSION:2.1\r\n%sPHOTO;TYPE=GIF;ENCODING=BASE64:R0lGODlh\r\n\r\nEND:VCARD\r\n"
+    (folder / "Freunde \u00e4.vcf").write_bytes(card % b"" + BOOKMARK % b"A" + card % b"FN:\r\n")
+    extract_and_expect(tool, cases, "extract a photo of nobody", folder, ["Freunde \u00e4.vcf"],
+                       "files/Freunde \u00e4.gif: image/gif, 6 bytes, from Freunde \u00e4.vcf:1\n"
+                       "files/Freunde \u00e4 (2).gif: image/gif, 6 bytes, from Freunde \u00e4.vcf:11\n".encode(),
+                       [b"GIF89a"] * 2)
+    extract_and_expect(tool, cases, "extract a file that is not there", folder, ["missing.vcf"],
+                       b"", [], b"missing.vcf: cannot be opened: No such file or directory\n")
+    (folder / "taken").write_bytes(b"a file")
+    cases.expect_run("extract into a file", tool.run("extract", "-o", "taken", book.name, cwd=folder),
+                     err=b"taken: the folder cannot be made: Not a directory\n", status=1)
+    nested = tool.run("extract", "--output", "new/\u00fc/folder/", "-", cwd=folder, stdin=card % b"FN:[A]\r\n")
+    cases.expect_run("extract makes the folder",
+                     nested, "new/\u00fc/folder/[A].gif: image/gif, 6 bytes, from -:1\n".encode())
+    cases.expect("the file in it", files=({"[A].gif": b"GIF89a"}, listed_files(folder / "new" / "\u00fc" / "folder")))
+
+
+def leaves_of(parts):
+    for part in parts:
+        yield from leaves_of(part["parts"]) if "parts" in part else (part,)
+
+
+def content_of(part):
+    return base64.b64decode(part["data"]) if "data" in part else part["text"].encode()
+
+
+def corpus_cases(tool, cases, folder):
+    """Messages of many makers: all are shown, and come back from JSON and as files. None is copied to stay."""
+    if not CORPUS.is_dir():
+        print("skipped " + str(CORPUS) + " is not there")
+        return
+    shown = tool.run("show", str(CORPUS))
+    cases.expect("show the corpus", stderr=(b"", shown.stderr), status=(0, shown.returncode))
+    result = tool.run("json", str(CORPUS))
+    cases.expect("json of the corpus", stderr=(b"", result.stderr), status=(0, result.returncode))
+    (folder / "again").mkdir()
+    lines = result.stdout.splitlines(keepends=True)
+    for i, line in enumerate(lines):
+        pdu = tool.run("versit", "-", stdin=line)
+        cases.expect(f"versit of message {i} of the corpus", stderr=(b"", pdu.stderr), status=(0, pdu.returncode))
+        (folder / "again" / f"{i:04}.mms").write_bytes(pdu.stdout)
+    cases.expect_run("json of what was written", tool.run("json", "again", cwd=folder), result.stdout)
+    shutil.rmtree(folder / "again")
+    messages = [json.loads(line) for line in lines]
+    contents = [content_of(part) for message in messages for part in leaves_of(message.get("parts", []))]
+    printed = tool.run("extract", "-o", "files", str(CORPUS), cwd=folder)
+    extracted = listed_files(folder / "files")
+    names = [line.split(b": ")[0].decode().removeprefix("files/") for line in printed.stdout.splitlines()]
+    cases.expect("extract the corpus", stderr=(b"", printed.stderr), files=(dict(zip(names, contents)), extracted),
+                 count=(len(contents), len(extracted)))
+    shutil.rmtree(folder / "files")
 
 
 def group_cases(tool, cases):
@@ -335,6 +449,8 @@ def usage_cases(tool, cases):
         ("UTF-8 where nothing is written", ("json", "--utf8", "a.vcf"),
          b"vzconv: The following argument was not expected: --utf8"),
         ("check without files", ("check",), b"vzconv: FILE is required"),
+        ("extract without a folder", ("extract", "a.vcf"), b"vzconv: --output is required"),
+        ("extract without files", ("extract", "-o", "files"), b"vzconv: FILE is required"),
     )
     for name, arguments, message in rows:
         cases.expect_run(name, tool.run(*arguments), err=message + HINT, status=2)
@@ -370,6 +486,9 @@ def object_cases(tool, cases, folder):
     record_size_cases(tool, cases, DATA / "calendar")
     email_cases(tool, cases)
     list_cases(tool, cases, folder)
+    multimedia_cases(tool, cases, folder)
+    extract_cases(tool, cases, folder)
+    corpus_cases(tool, cases, folder)
 
 
 def main():

@@ -41,5 +41,19 @@ TEST(VersitOutput, BothInOneOutputAreRefused) {
     }
 }
 
+TEST(VersitOutput, AMultimediaMessageIsAWholeFile) {
+    for (const char* other : {"message", "contact", "multimedia message"}) {
+        for (const bool is_first : {true, false}) {
+            std::ostringstream out;
+            VersitOutput output(out, false);
+            output.put_object(*kind_of_name(is_first ? "multimedia message" : other), "a");
+            const std::string before = out.str();
+            EXPECT_THROW(output.put_object(*kind_of_name(is_first ? other : "multimedia message"), "b"),
+                         Failure);
+            EXPECT_EQ(out.str(), before) << other;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace vzconv

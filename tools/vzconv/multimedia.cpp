@@ -22,14 +22,13 @@ bool is_complete(const nlohmann::json& parts) {
     });
 }
 
-// Parts that the library completes are said otherwise by to_json, and nothing written is cut off.
+// Parts that the library completes are said otherwise by to_json.
 nlohmann::json plain_form(const nlohmann::json& fields) {
     nlohmann::json plain = Messages::plain_form(fields);
     const nlohmann::json parts = plain.value("parts", nlohmann::json::array());
     const bool is_as_read = !plain.contains("addPresentation") && parts.size() == 1 && is_complete(parts);
-    if (!is_as_read || plain.contains("truncated")) plain.erase("parts");
+    if (!is_as_read) plain.erase("parts");
     plain.erase("addPresentation");
-    plain.erase("truncated");
     return plain;
 }
 

@@ -203,7 +203,7 @@ constexpr MultimediaHeaderWord kHeaders[] = {
     {0x18, kText,           "X-Mms-Transaction-Id",                  "",                  {}},
     {0x19, kNumber,         "X-Mms-Retrieve-Status",                 "Retrieval",         kRetrievals},
     {0x1A, kEncodedText,    "X-Mms-Retrieve-Text",                   "Retrieval text",    {}},
-    {0x1B, kNumber,         "X-Mms-Read-Status",                     "Read",              kReadings},
+    {0x1B, kNumber,         "X-Mms-Read-Status",                     "Read status",       kReadings},
     {0x1C, kNumber,         "X-Mms-Reply-Charging",                  "Reply charging",    kChargings},
     {0x1D, kTime,           "X-Mms-Reply-Charging-Deadline",         "Reply by",          {}},
     {0x1E, kText,           "X-Mms-Reply-Charging-ID",               "Reply to",          {}},

@@ -1,6 +1,5 @@
 #include "vzconv/multimedia_parts.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "vzconv/ascii.h"
@@ -34,31 +33,51 @@ void append_integer(std::string& value, uint32_t number) {
     for (int shift = 24; shift >= 0; shift -= 8) value.push_back(static_cast<char>(number >> shift & 0xFF));
 }
 
-// Charsets whose characters hold bytes that are 0.
-bool is_wide(uint32_t charset) {
+// The bytes of one unit of text.
+std::size_t unit_size(uint32_t charset) {
     switch (charset) {
         case 1000:  // UCS-2
-        case 1001:  // UCS-4
         case 1013:  // UTF-16BE
         case 1014:  // UTF-16LE
         case 1015:  // UTF-16
+            return 2;
+        case 1001:  // UCS-4
         case 1017:  // UTF-32
         case 1018:  // UTF-32BE
         case 1019:  // UTF-32LE
-            return true;
+            return 4;
         default:
-            return false;
+            return 1;
     }
 }
 
+// The byte order mark that `text` begins with, or nothing.
+std::string_view mark_of(std::string_view text, std::size_t unit) {
+    constexpr std::string_view kMarks[] = {
+        {"\xFF\xFE", 2}, {"\xFE\xFF", 2}, {"\xFF\xFE\0\0", 4}, {"\0\0\xFE\xFF", 4}};
+    for (const std::string_view mark : kMarks) {
+        if (mark.size() == unit && text.starts_with(mark)) return mark;
+    }
+    return {};
+}
+
+// Where the next unit begins that is 0; the size of `text` when there is none.
+std::size_t next_nul(std::string_view text, std::size_t unit) {
+    constexpr std::string_view kNul("\0\0\0\0", 4);
+    for (std::size_t at = 0; at + unit <= text.size(); at += unit) {
+        if (text.substr(at, unit) == kNul.substr(0, unit)) return at;
+    }
+    return text.size();
+}
+
 // Text without a NUL, as the subject of a PDU that has nothing else: charsets are the library's affair.
-std::string subject_in_charset(std::string_view text, uint32_t charset) {
-    const auto first = static_cast<unsigned char>(text.empty() ? 0 : text.front());
-    const bool is_quoted = !is_wide(charset) && first >= 0x7F;
+std::string subject_in_charset(const std::string& text, uint32_t charset) {
+    const std::size_t unit = unit_size(charset);
+    const bool is_quoted = unit == 1 && !text.empty() && static_cast<unsigned char>(text.front()) >= 0x7F;
     std::string value;
     append_integer(value, charset);
     if (is_quoted) value.push_back('\x7F');
-    value.append(text).append(is_wide(charset) ? std::size_t{4} : std::size_t{1}, '\0');
+    value.append(text).append(unit, '\0');
     std::string pdu = "\x8C\x80\x96";
     append_length(pdu, value.size());
     const ReadRecord<MultimediaItem, kMultimediaRecord> message(pdu + value, Door::Objects);
@@ -118,16 +137,18 @@ std::string text_in_charset(std::string_view data, uint32_t charset) {
     if (is_plain_utf8(data, charset)) return std::string(data);
     if (charset == kUtf8) return utf8_from_utf16(utf16_from_utf8(data));
     if (charset == kNoCharset || charset == kUsAscii) charset = kLatin1;
-    if (is_wide(charset)) return subject_in_charset(data, charset);
+    const std::size_t unit = unit_size(charset);
+    const std::string mark(mark_of(data, unit));
+    data.remove_prefix(mark.size());
     // A NUL would end the text of a header.
     std::string text;
-    for (std::size_t at = 0; at <= data.size();) {
-        const std::size_t end = std::min(data.find('\0', at), data.size());
-        if (at != 0) text.push_back('\0');
-        text += subject_in_charset(data.substr(at, end - at), charset);
-        at = end + 1;
+    for (;;) {
+        const std::size_t end = next_nul(data, unit);
+        text += subject_in_charset(mark + std::string(data.substr(0, end)), charset);
+        if (end == data.size()) return text;
+        text.push_back('\0');
+        data.remove_prefix(end + unit);
     }
-    return text;
 }
 
 }  // namespace vzconv

@@ -75,7 +75,7 @@ std::string record_in_words(const MultimediaHeader& header) {
     }
 }
 
-std::string value_in_words(const MultimediaHeader& header) {
+std::string any_value_in_words(const MultimediaHeader& header) {
     switch (header.kind) {
         case VZ_MMS_VALUE_NONE:
             return {};
@@ -90,6 +90,11 @@ std::string value_in_words(const MultimediaHeader& header) {
     }
 }
 
+std::string value_in_words(const MultimediaHeader& header) {
+    std::string words = any_value_in_words(header);
+    return words.empty() ? "(empty)" : words;
+}
+
 bool is_counted(const MultimediaHeader& header) {
     return header.kind >= VZ_MMS_VALUE_COUNTED_NUMBER && header.kind <= VZ_MMS_VALUE_COUNTED_ADDRESS;
 }
@@ -100,8 +105,7 @@ void show_first(const MultimediaItem& item, Readable& readable) {
         bool is_there = false;
         for (const MultimediaHeader& header : headers_of(item)) {
             if (header.number != number) continue;
-            const std::string value = value_in_words(header);
-            values += (is_there ? ", " : "") + (value.empty() ? "(empty)" : value);
+            values += (is_there ? ", " : "") + value_in_words(header);
             is_there = true;
         }
         if (is_there) readable.field(multimedia_header_of(number)->label, values);

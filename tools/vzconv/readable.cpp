@@ -23,6 +23,14 @@ bool is_c1_control(std::string_view value, std::size_t at) {
     return second >= 0x80 && second <= 0x9F;
 }
 
+// Embeddings, overrides and isolates: U+202A to U+202E, U+2066 to U+2069.
+bool is_direction_control(std::string_view value, std::size_t at) {
+    if (value.size() - at < 3 || value[at] != '\xE2') return false;
+    const auto last = static_cast<unsigned char>(value[at + 2]);
+    if (value[at + 1] == '\x80') return last >= 0xAA && last <= 0xAE;
+    return value[at + 1] == '\x81' && last >= 0xA6 && last <= 0xA9;
+}
+
 void append_value(std::string& out, std::string_view value, std::size_t column) {
     for (std::size_t i = 0; i < value.size(); ++i) {
         const auto byte = static_cast<unsigned char>(value[i]);
@@ -33,6 +41,9 @@ void append_value(std::string& out, std::string_view value, std::size_t column) 
         } else if (is_c1_control(value, i)) {
             out.append("\xEF\xBF\xBD");
             ++i;
+        } else if (is_direction_control(value, i)) {
+            out.append("\xEF\xBF\xBD");
+            i += 2;
         } else if ((byte < 0x20 && value[i] != '\t') || byte == 0x7F) {
             append_picture(out, byte);
         } else {

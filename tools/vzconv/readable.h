@@ -12,7 +12,8 @@ namespace vzconv {
 std::string in_one_line(std::string_view value);
 
 // Builds the text of one object. Further lines of a value stand below its first one. Control characters,
-// which would reach the terminal of whoever looks at a file, are shown as their Unicode pictures.
+// which would reach the terminal of whoever looks at a file, are shown as their Unicode pictures; those that
+// turn the direction of the text behind them, so that "gpj.exe" looks like "exe.jpg", as U+FFFD.
 class Readable {
 public:
     // Values begin `label_width` columns behind the labels' beginning; a longer label pushes its own to the

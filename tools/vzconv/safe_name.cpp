@@ -69,12 +69,23 @@ std::string_view trimmed_ends(std::string_view name) {
     return first == std::string_view::npos ? std::string_view() : trimmed_end(name.substr(first));
 }
 
+bool is_letter(char c) {
+    return upper(c) >= 'A' && upper(c) <= 'Z';
+}
+
+// Letters and digits, not digits alone: "Part_1.2" and "J. R. Smith" have none.
+bool is_extension(std::string_view text) {
+    const auto is_known = [](char c) { return is_letter(c) || (c >= '0' && c <= '9'); };
+    return text.size() <= kLongestExtension && std::all_of(text.begin(), text.end(), is_known) &&
+           std::any_of(text.begin(), text.end(), is_letter);
+}
+
 // Where the extension begins, with its dot; the end of the name when there is none.
 std::size_t extension_begin(std::string_view name) {
     const std::size_t dot = name.rfind('.');
-    const bool is_extension = dot != std::string_view::npos && dot != 0 && dot + 1 < name.size() &&
-                              name.size() - dot - 1 <= kLongestExtension;
-    return is_extension ? dot : name.size();
+    const bool has_extension =
+        dot != std::string_view::npos && dot != 0 && is_extension(name.substr(dot + 1));
+    return has_extension ? dot : name.size();
 }
 
 // `stem` and `end`, the stem cut between two characters where both are too long together.
