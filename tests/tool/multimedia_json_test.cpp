@@ -98,6 +98,17 @@ TEST(MultimediaJson, EachPartComesBackFromARecord) {
     EXPECT_EQ(through_record(flags), flags);
 }
 
+TEST(MultimediaJson, HalfASurrogatePairIsTheOneThingLost) {
+    // A subject in UTF-16BE: 'a', the first half of a pair, 'b'.
+    const LibrarySession session;
+    const std::string pdu("\x8C\x85\x98t\0\x8D\x90\x96\x0B\x02\x03\xF5\0a\xD8\x3D\0b\0\0", 20);
+    nlohmann::ordered_json object = nlohmann::ordered_json::object();
+    kMultimediaConverter.to_json(pdu, {}, object);
+    EXPECT_EQ(object["headers"][2]["text"],
+              "a\xEF\xBF\xBD"
+              "b");
+}
+
 TEST(MultimediaJson, WhatIsShortGetsItsPlainForm) {
     const LibrarySession session;
     EXPECT_EQ(through_record(R"({"type":"m-send-req","headers":[{"header":"Subject","text":"ä"},)"

@@ -7,8 +7,8 @@ Samples are the *.vbm files of tests/data/bookmarks, the *.vcf files of tests/da
 of tests/data/calendar, the *.vmg files of tests/data/messages, the *.mms files of tests/data/multimedia and the *.xml
 files of tests/data/email. Beside each stands what the commands print for it: .expected.json (json), .expected.txt
 (show), .expected.check (check), .expected.extract (extract, where there are files in it), and, where something is to be
-said on standard error, .expected.err (json and show), .expected.check.err (check) and .expected.versit.err (versit of
-the JSON). The *.json files of from-json are the input of the command versit, with .expected.vbm, .expected.vcf,
+said on standard error, .expected.err (json and show), .expected.check.err (check), .expected.extract.err (extract) and
+.expected.versit.err (versit of the JSON). The *.json files of from-json are the input of the command versit, with .expected.vbm, .expected.vcf,
 .expected.vcs, .expected.ics, .expected.vmg or .expected.mms, one such with "utf8", the name of a profile or a size of
 the record in it for each one asked for, and .expected.err. A message that is no warning is a failure: exit status 1.
 Every case expects the same bytes on every platform.
@@ -244,7 +244,8 @@ def multimedia_cases(tool, cases, folder):
         if parts:
             shutil.copy(path, folder)
             extract_and_expect(tool, cases, f"extract {path.name}", folder, [path.name],
-                               path.with_suffix(".expected.extract").read_bytes(), parts)
+                               path.with_suffix(".expected.extract").read_bytes(), parts,
+                               expected_bytes(path, ".extract.err"))
 
 
 def photos_in(path):

@@ -38,6 +38,17 @@ void write_file(const EmbeddedFile& file, const Found& found, OutputFolder& fold
     }
 }
 
+// A message that is cut off gives what there is of it, but not without a word.
+void warn_of_flaws(std::string_view text, const Options& options, const Found& found, Report& report) {
+    const auto check = found.kind->converter->check;
+    if (check == nullptr) return;
+    try {
+        check(text, options);
+    } catch (const Failure& failure) {
+        report.warning(found.place, failure.what());
+    }
+}
+
 }  // namespace
 
 void extract(const Request& request, Streams streams, Report& report) {
@@ -55,6 +66,7 @@ void extract(const Request& request, Streams streams, Report& report) {
             if (files == nullptr) return;
             for (const EmbeddedFile& file : files(text, request.options))
                 write_file(file, found, *folder, streams, report);
+            warn_of_flaws(text, request.options, found, report);
         } catch (const Failure& failure) {
             report.failure(found.place, found.kind_name(), failure.what());
         }
