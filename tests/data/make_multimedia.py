@@ -180,7 +180,8 @@ def types():
     yield "forward-req", pdu("forward-req", (0x09, sender()), (0x17, text(BOB)), (0x08, time(ABSOLUTE, NOW)),
                              (0x07, time(RELATIVE, 90)), location), None
     yield "forward-conf", pdu("forward-conf", (0x12, b"\xc3"), (0x25, b"\xe4"), (0x26, encoded("voll: größer"))), None
-    yield "mbox-store-req", pdu("mbox-store-req", location, (0x23, b"\x82"), (0x24, measured(YES + text("family")))), None
+    yield "mbox-store-req", pdu("mbox-store-req", location, (0x23, b"\x82"),
+                                (0x24, measured(b"\x80" + text("family")))), None
     yield "mbox-store-conf", pdu("mbox-store-conf", (0x25, b"\x80"), location), None
     yield "mbox-view-req", pdu("mbox-view-req", (0x28, b"\x96"), (0x28, b"\x89"), (0x2F, short(1)), (0x33, short(20)),
                                (0x29, YES), (0x2B, NO)), None
@@ -201,9 +202,10 @@ def types():
 
 
 def hostile_parts():
-    names = ("../../etc/passwd", "..\\..\\evil.exe", "C:\\Windows\\win.ini", "/", "..", "CON", "con.txt", "Lpt1.tar.txt",
-             "a\u0007b\u001b[31m.txt", "annex\u202egpj.exe", "<a>:\"|?*.txt", " . leading", "trailing . ", "A.TXT", "a.txt",
-             "a.TXT", "x" * 300, "\u00e9" * 150 + ".txt", "\u00dc.txt", "\u00fc.txt", "~root", "-rf", "no extension", ".txt")
+    names = ("../../etc/passwd", "..\\..\\evil.exe", "C:\\Windows\\win.ini", "/", "..", "CON", "con.txt",
+             "Lpt1.tar.txt", "a\u0007b\u001b[31m.txt", "annex\u202egpj.exe", "<a>:\"|?*.txt", " . leading",
+             "trailing . ", "A.TXT", "a.txt", "a.TXT", "x" * 300, "\u00e9" * 150 + ".txt", "\u00dc.txt", "\u00fc.txt",
+             "~root", "-rf", "no extension", ".txt")
     return [Part("text/plain", name.encode(), location=name, charset=UTF8) for name in names]
 
 
