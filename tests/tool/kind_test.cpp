@@ -19,8 +19,8 @@ TEST(Kind, EachRecordHasOneRow) {
                                  (kind.sign.empty() ? "" : std::string(kind.sign) + ":1\n") + "END\n";
         EXPECT_EQ(kind_of_object(kind.component, text), &kind) << kind.name;
     }
-    EXPECT_EQ(records,
-              (std::set<std::pair<uint32_t, uint32_t>>{{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 0}, {0, 5}, {0, 6}}));
+    EXPECT_EQ(records, (std::set<std::pair<uint32_t, uint32_t>>{
+                           {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 0}, {0, 5}, {0, 6}}));
     EXPECT_EQ(kind_of_name("Bookmark"), nullptr);
     EXPECT_EQ(kind_of_object("VNOTE", ""), nullptr);
 }

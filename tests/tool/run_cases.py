@@ -21,6 +21,7 @@ import base64
 import json
 import os
 import pathlib
+import resource
 import shutil
 import subprocess
 import sys
@@ -292,6 +293,24 @@ def extract_cases(tool, cases, folder):
     shutil.rmtree(folder / "new")
 
 
+def full_disk_cases(tool, cases, folder):
+    """A file that there is no room for is reported and not left behind; the others are written."""
+    if tool.keeper:
+        return  # the limit would hold for the emulator too
+    book = DATA / "contacts" / "phone-book.vcf"
+    small = BOOKMARK % b"A" + b"BEGIN:VCARD\r\nVERSION:2.1\r\nPHOTO;ENCODING=BASE64:R0lGODlh\r\n\r\nEND:VCARD\r\n"
+    (folder / "small.vcf").write_bytes(small)
+    limit = (1000, 1000)
+    result = subprocess.run([*tool.command, "extract", "-o", "files", str(book), "small.vcf"], cwd=folder,
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False, restore_signals=False,
+                            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, limit))
+    place = f"{book}:210: contact: files/Jo Portrait.jpg "
+    cases.expect("extract with little room on the disk", status=(1, result.returncode),
+                 stderr=(place.encode() + b"cannot be written: File too large\n", result.stderr),
+                 files=({"Paula Picture.png", "Gilbert Dot.gif", "small.gif"}, set(listed_files(folder / "files"))))
+    shutil.rmtree(folder / "files")
+
+
 def leaves_of(parts):
     for part in parts:
         yield from leaves_of(part["parts"]) if "parts" in part else (part,)
@@ -514,6 +533,7 @@ def main():
         input_cases(tool, cases, folder)
         usage_cases(tool, cases)
         lost_output_cases(tool, cases)
+        full_disk_cases(tool, cases, folder)
         large_cases(tool, cases, folder)
     finally:
         shutil.rmtree(folder)

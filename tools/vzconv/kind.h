@@ -15,8 +15,8 @@
 
 namespace vzconv {
 
-// How objects of one kind are converted. `text` is one object as the library takes it, but 8-bit text for
-// every kind. Each throws Failure.
+// How objects of one kind are converted. `text` is one object as the library takes it, but 8-bit text (or
+// bytes, see TextForm) for every kind. Each throws Failure.
 struct Converter {
     // For a person.
     std::string (*show)(std::string_view text, const Options& options);

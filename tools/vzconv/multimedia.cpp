@@ -18,16 +18,17 @@ using Messages = RecordConverter<MultimediaItem, kMultimediaRecord, MultimediaRe
 // Whether the library has nothing to complete: a name for each part, a container around several.
 bool is_complete(const nlohmann::json& parts) {
     return std::all_of(parts.begin(), parts.end(), [](const nlohmann::json& part) {
-        return part.contains("name") && is_complete(part.value("parts", nlohmann::json::array()));
+        const auto inner = part.find("parts");
+        return part.contains("name") && (inner == part.end() || is_complete(*inner));
     });
 }
 
 // Parts that the library completes are said otherwise by to_json.
 nlohmann::json plain_form(const nlohmann::json& fields) {
     nlohmann::json plain = Messages::plain_form(fields);
-    const nlohmann::json parts = plain.value("parts", nlohmann::json::array());
-    const bool is_as_read = !plain.contains("addPresentation") && parts.size() == 1 && is_complete(parts);
-    if (!is_as_read) plain.erase("parts");
+    const auto parts = plain.find("parts");
+    const bool is_as_read = parts != plain.end() && parts->size() == 1 && is_complete(*parts);
+    if (plain.contains("addPresentation") || !is_as_read) plain.erase("parts");
     plain.erase("addPresentation");
     return plain;
 }
