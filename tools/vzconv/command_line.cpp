@@ -167,6 +167,7 @@ int parse_and_run(const std::vector<std::string>& arguments, Streams streams) {
     CLI::App app(kDescription, "vzconv");
     app.footer(kFooter);
     app.require_subcommand(1);
+    app.allow_windows_style_options(false);  // "/folder/file" is a file everywhere
     app.set_version_flag("--version", "vzconv " VZCONV_VERSION);
     app.get_formatter()->column_width(16);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
