@@ -51,6 +51,7 @@ const char* const kHeaders[] = {
     R"({"header":"X-Mms-Expiry","time":"2001-03-04T10:20:30Z"})",
     R"({"header":"X-Mms-Response-Status","kind":"counted number","count":3,"value":"ok"})",
     R"({"header":"X-Mms-Response-Text","kind":"counted text","count":3,"text":"a"})",
+    R"({"header":"X-Mms-Content-Location","kind":"counted text","count":0,"text":"ä"})",
     R"({"header":"X-Mms-Previously-Sent-Date","count":1,"date":"2001-03-04T10:20:30Z"})",
     R"({"header":"X-Mms-Previously-Sent-By","count":1,"address":"5","addressType":"PLMN"})",
     R"({"header":"X-Mms-MM-Flags","mark":"filter","text":"family"})",

@@ -132,10 +132,10 @@ private:
             case VZ_MMS_VALUE_ENCODED_TEXT:
             case VZ_MMS_VALUE_COUNTED_TEXT:
             case VZ_MMS_VALUE_MARKED_TEXT:
-                return take_text("text");
+                return take_text("text", header);
             case VZ_MMS_VALUE_ADDRESS:
             case VZ_MMS_VALUE_COUNTED_ADDRESS:
-                return take_address();
+                return take_address(header);
             case VZ_MMS_VALUE_TIME:
                 return take_time();
             case VZ_MMS_VALUE_COUNTED_NUMBER:
@@ -150,18 +150,21 @@ private:
         }
     }
 
-    void take_text(const char* key) {
+    // A text of a header that is an address of the network stands there without a charset.
+    void take_text(const char* key, uint32_t header) {
+        const MultimediaHeaderWord* word = multimedia_header_of(header);
+        const bool has_charset = word == nullptr || word->kind != VZ_MMS_VALUE_TEXT;
         std::u16string text = record_text_of(required(fields_, key), fields_.name_of(key));
         value_.charset = charset_in(fields_);
-        if (value_.charset == 0 && !is_ascii(text)) value_.charset = kUtf8;
+        if (value_.charset == 0 && has_charset && !is_ascii(text)) value_.charset = kUtf8;
         value_.text = record_.text(std::move(text));
     }
 
-    void take_address() {
+    void take_address(uint32_t header) {
         const json* type = fields_.find("addressType");
         if (type != nullptr)
             value_.token = code_or_number_in(address_type_words(), *type, fields_.name_of("addressType"));
-        if (value_.token != VZ_MMS_ADDRESS_INSERT) take_text("address");
+        if (value_.token != VZ_MMS_ADDRESS_INSERT) take_text("address", header);
     }
 
     void take_time() {
