@@ -1,5 +1,5 @@
-// Messages of our own, and of many makers when they are there: what JSON makes of one is what the library writes
-// for the record that it reads.
+// Messages of our own, and of many makers when they are there: what JSON makes of one is what the library
+// writes for the record that it reads.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -25,7 +25,7 @@ bool is_first(uint32_t header) {
 }
 
 std::string number_in_words(uint32_t header, uint64_t number) {
-    const std::string word = value_word_of(header, number);
+    std::string word = value_word_of(header, number);
     if (!word.empty()) return word;
     const bool is_size = header == VZ_MMS_HEADER_MESSAGE_SIZE || header == VZ_MMS_HEADER_REPLY_CHARGING_SIZE;
     if (is_size) return size_in_words(number);
