@@ -164,8 +164,10 @@ TEST(MultimediaJson, WhatIsUnknownMissingOrWrongIsRefusedByName) {
 
 TEST(MultimediaJson, ContainersAreNotNestedWithoutEnd) {
     const LibrarySession session;
-    std::string text = R"({"contentType":"a","parts":[]})";
-    for (int i = 0; i < 2000; ++i) text = R"({"contentType":"a","parts":[)" + text + "]}";
+    constexpr int kDepth = 2000;
+    std::string text;
+    for (int i = 0; i < kDepth; ++i) text += R"({"contentType":"a","parts":[)";
+    for (int i = 0; i < kDepth; ++i) text += "]}";
     EXPECT_NE(reason_of(R"({"type":"m-send-req","parts":[)" + text + "]}").find("is nested too deep"),
               std::string::npos);
 }
