@@ -169,13 +169,17 @@ ALARMS_2 = "".join((
     todo("SUMMARY:Of a to-do", "DUE:20090310T180000", *valarm("TRIGGER:-PT1H", "ACTION:DISPLAY"), version="2.0"),
 ))
 
+# What a to-do is not written with.
+TODO_AT_A_PLACE = todo(
+    "SUMMARY:Water the plants", "LOCATION:Balcony", "X-VZAPI-CAL-REFERENCE:1;2;3", "DUE:20090310T180000")
+
 TODOS = "".join((
     todo("SUMMARY:Nothing else"),
     todo("SUMMARY:Due at an hour", "DUE:20090310T180000", "PRIORITY:1", "STATUS:NEEDS ACTION", "CLASS:PRIVATE"),
     todo("SUMMARY:Done", "DUE:20090310T180000Z", "PRIORITY:3", "STATUS:COMPLETED", "COMPLETED:20090309T120000"),
     todo("SUMMARY:Due on a day", "DUE:20090310", "DTEND:20090311T120000", "X-CLASS:PUBLIC", "GEO:48.13;11.57"),
     todo("SUMMARY:A start alone", "DTSTART:20090310T080000", "STATUS:needs-action", "PRIORITY:0"),
-    todo("SUMMARY:With a number for a status", "STATUS:7", "DESCRIPTION:Two lines", "LOCATION:Nowhere"),
+    todo("SUMMARY:With a number for a status", "STATUS:7", "DESCRIPTION:Two lines"),
     todo("SUMMARY:Every second week", "DUE:20090310T180000", "RRULE:W2 TU #0", "EXDATE:20090324T180000"),
 ))
 
@@ -184,6 +188,13 @@ TODOS_2 = "".join((
     todo("SUMMARY:Done", "DUE:20090310T180000Z", "STATUS:COMPLETED", "PERCENT-COMPLETE:100", version="2.0"),
     todo("SUMMARY:Under way", "DUE:20090310T180000", "STATUS:IN-PROCESS", "RRULE:FREQ=MONTHLY;BYDAY=2TU",
          "EXDATE:20090414T180000", version="2.0"),
+))
+
+DURATIONS_2 = "".join((
+    event("SUMMARY:Some hours", "DTSTART:20090310T140000", "DURATION:PT1H30M", "CATEGORIES:CALL", version="2.0"),
+    event("SUMMARY:Some days", "DTSTART;VALUE=DATE:20090310", "DURATION:P2D", version="2.0"),
+    event("SUMMARY:Not on top of an end", "DTSTART:20090310T140000", "DTEND:20090310T150000", "DURATION:P1W",
+          "CATEGORIES:CALL", version="2.0"),
 ))
 
 TIMES = "".join((
@@ -296,6 +307,7 @@ def main():
         "appointment.vcs": APPOINTMENT,
         "appointment-version-2.ics": APPOINTMENT_2,
         "broken.vcs": BROKEN,
+        "durations-version-2.ics": DURATIONS_2,
         "fields-in-their-order.vcs": DOUBLED,
         "item-types.vcs": item_types("1.0"),
         "item-types-version-2.ics": item_types("2.0"),
@@ -305,6 +317,7 @@ def main():
         "several-entries.vcs": SEVERAL,
         "several-entries-version-2.ics": SEVERAL_2,
         "times.vcs": TIMES,
+        "todo-at-a-place.vcs": TODO_AT_A_PLACE,
         "todos.vcs": TODOS,
         "todos-version-2.ics": TODOS_2,
     }
