@@ -32,7 +32,7 @@ void read_message(std::u16string& text, MessageItem& item) {
 std::u16string written(const MessageItem& item) {
     VersitData out{};
     require(ConvertToVersit(VZ_TYPE_MESSAGE, &item, &out));
-    const std::u16string text(static_cast<const char16_t*>(out.text), out.length / sizeof(char16_t));
+    std::u16string text(static_cast<const char16_t*>(out.text), out.length / sizeof(char16_t));
     require(FreeVersitData(&out));
     return text;
 }

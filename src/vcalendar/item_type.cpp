@@ -8,27 +8,27 @@ namespace {
 
 struct NameRow {
     std::uint32_t type;
-    std::string_view name;
     bool is_written;
+    std::string_view name;
 };
 
 // In the order of the codes.
 constexpr NameRow kNames[] = {
     // clang-format off
-    {VZ_ITEM_APPOINTMENT, "MEETING",          false},
-    {VZ_ITEM_APPOINTMENT, "APPOINTMENT",      true},
-    {VZ_ITEM_CALL,        "CALL",             true},
-    {VZ_ITEM_CALL,        "PHONE CALL",       false},
-    {VZ_ITEM_BIRTHDAY,    "BIRTHDAY",         false},
-    {VZ_ITEM_BIRTHDAY,    "ANNIVERSARY",      true},
-    {VZ_ITEM_BIRTHDAY,    "SPECIAL OCCASION", false},
-    {VZ_ITEM_EVENT,       "MEMO",             false},
-    {VZ_ITEM_EVENT,       "EVENT",            true},
-    {VZ_ITEM_EVENT,       "MISCELLANEOUS",    false},
-    {VZ_ITEM_REMINDER,    "REMINDER",         true},
-    {VZ_ITEM_NOTE,        "NOTE",             false},
-    {VZ_ITEM_TODO,        "TODO",             true},
-    {VZ_ITEM_ANNIVERSARY, "ANNIVERSARY",      true},
+    {VZ_ITEM_APPOINTMENT, false, "MEETING"},
+    {VZ_ITEM_APPOINTMENT, true,  "APPOINTMENT"},
+    {VZ_ITEM_CALL,        true,  "CALL"},
+    {VZ_ITEM_CALL,        false, "PHONE CALL"},
+    {VZ_ITEM_BIRTHDAY,    false, "BIRTHDAY"},
+    {VZ_ITEM_BIRTHDAY,    true,  "ANNIVERSARY"},
+    {VZ_ITEM_BIRTHDAY,    false, "SPECIAL OCCASION"},
+    {VZ_ITEM_EVENT,       false, "MEMO"},
+    {VZ_ITEM_EVENT,       true,  "EVENT"},
+    {VZ_ITEM_EVENT,       false, "MISCELLANEOUS"},
+    {VZ_ITEM_REMINDER,    true,  "REMINDER"},
+    {VZ_ITEM_NOTE,        false, "NOTE"},
+    {VZ_ITEM_TODO,        true,  "TODO"},
+    {VZ_ITEM_ANNIVERSARY, true,  "ANNIVERSARY"},
     // clang-format on
 };
 

@@ -1,10 +1,12 @@
 #include "vzconv/bookmark.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <string>
 
 #include "vzapi/vzapi.h"
+#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 
 namespace vzconv {

@@ -1,6 +1,7 @@
 #include "vzconv/calendar.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <string>
 
@@ -8,6 +9,7 @@
 #include "vzconv/calendar_json.h"
 #include "vzconv/calendar_time.h"
 #include "vzconv/failure.h"
+#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 
 namespace vzconv {

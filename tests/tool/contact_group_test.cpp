@@ -1,9 +1,11 @@
 #include "vzconv/contact_group.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "vzapi/vzapi.h"
 #include "vzconv/failure.h"
+#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 
 namespace vzconv {

@@ -1,8 +1,10 @@
 #include "vzconv/contact_show.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "vzconv/contact_json.h"
+#include "vzconv/json_object.h"
 
 namespace vzconv {
 namespace {

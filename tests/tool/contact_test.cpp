@@ -1,6 +1,7 @@
 #include "vzconv/contact.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <deque>
 #include <string>
@@ -8,6 +9,7 @@
 #include "vzapi/vzapi.h"
 #include "vzconv/contact_json.h"
 #include "vzconv/failure.h"
+#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 
 namespace vzconv {

@@ -1,9 +1,11 @@
 #include "vzconv/email.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "vzconv/email_document.h"
 #include "vzconv/failure.h"
+#include "vzconv/json_object.h"
 
 namespace vzconv {
 namespace {

@@ -1,10 +1,12 @@
 #include "vzconv/message.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <string>
 
 #include "vzconv/failure.h"
+#include "vzconv/json_object.h"
 #include "vzconv/message_json.h"
 #include "vzconv/message_show.h"
 #include "vzconv/message_time.h"

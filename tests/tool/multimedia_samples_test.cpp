@@ -1,6 +1,7 @@
 // Messages of our own, and of many makers when they are there: what JSON makes of one is what the library
 // writes for the record that it reads.
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <filesystem>
@@ -11,6 +12,7 @@
 
 #include "vzapi/odcapi.h"
 #include "vzconv/failure.h"
+#include "vzconv/json_object.h"
 #include "vzconv/multimedia.h"
 #include "vzconv/multimedia_parts.h"
 

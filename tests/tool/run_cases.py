@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs vzconv on the samples and on hostile surroundings, and compares what it prints and how it exits.
 
-Usage: run_cases.py VZCONV [EMULATOR ...]
+Usage: run_cases.py [--part conversions|objects|surroundings] VZCONV [EMULATOR ...]
 
 Samples are the *.vbm files of tests/data/bookmarks, the *.vcf files of tests/data/contacts, the *.vcs and *.ics files
 of tests/data/calendar, the *.vmg files of tests/data/messages, the *.mms files of tests/data/multimedia and the *.xml
@@ -44,6 +44,7 @@ FOLDERS = (  # of samples, with the suffixes of their files
     (DATA / "email", (".xml",)),
 )
 DOORS = ("conversions", "objects")  # what --via knows
+SURROUNDINGS = "surroundings"  # files, options, and outputs that fail
 COMMANDS = ("show", "list", "json", "versit", "check", "extract")
 RECORD_SIZE = "record-"  # in the name of a file with what is expected: behind it stands a size
 KINDS = {"bookmark", "contact", "group", "calendar entry", "message", "multimedia message", "e-mail item"}
@@ -517,27 +518,40 @@ def object_cases(tool, cases, folder):
     corpus_cases(tool, cases, folder)
 
 
+def surroundings_cases(tool, cases, folder):
+    tool.via = None
+    explicit_profile_cases(tool, cases)
+    input_cases(tool, cases, folder)
+    usage_cases(tool, cases)
+    lost_output_cases(tool, cases)
+    full_disk_cases(tool, cases, folder)
+    large_cases(tool, cases, folder)
+
+
 def main():
-    if len(sys.argv) < 2:
+    arguments = sys.argv[1:]
+    parts = [*DOORS, SURROUNDINGS]
+    if arguments[:1] == ["--part"] and arguments[1:2] and arguments[1] in parts:
+        parts = [arguments[1]]
+        del arguments[:2]
+    if not arguments or arguments[0].startswith("--"):
         print(__doc__)
         return 2
-    emulator = [os.path.abspath(part) if os.path.exists(part) else part for part in sys.argv[2:]]
-    tool = Tool(os.path.abspath(sys.argv[1]), emulator)
+    emulator = [os.path.abspath(word) if os.path.exists(word) else word for word in arguments[1:]]
+    tool = Tool(os.path.abspath(arguments[0]), emulator)
     cases = Cases()
     folder = pathlib.Path(tempfile.mkdtemp(prefix="vzconv-"))
     try:
-        for tool.via in DOORS:
-            cases.suffix = " via " + tool.via
+        for part in parts:
+            if part == SURROUNDINGS:
+                cases.suffix = ""
+                surroundings_cases(tool, cases, folder)
+                continue
+            tool.via = part
+            cases.suffix = " via " + part
             object_cases(tool, cases, folder)
-        group_cases(tool, cases)
-        tool.via = None
-        cases.suffix = ""
-        explicit_profile_cases(tool, cases)
-        input_cases(tool, cases, folder)
-        usage_cases(tool, cases)
-        lost_output_cases(tool, cases)
-        full_disk_cases(tool, cases, folder)
-        large_cases(tool, cases, folder)
+            if part == "objects":
+                group_cases(tool, cases)
     finally:
         shutil.rmtree(folder)
         tool.close()

@@ -2,6 +2,7 @@
 
 #include "vzapi/bookmark.h"
 #include "vzconv/json_fields.h"
+#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 #include "vzconv/readable.h"
 #include "vzconv/unicode.h"

@@ -3,6 +3,7 @@
 #include "vzapi/calendar.h"
 #include "vzconv/calendar_json.h"
 #include "vzconv/calendar_show.h"
+#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 
 namespace vzconv {

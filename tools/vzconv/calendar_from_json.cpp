@@ -3,6 +3,7 @@
 #include "vzconv/calendar_words.h"
 #include "vzconv/failure.h"
 #include "vzconv/json_fields.h"
+#include "vzconv/json_object.h"
 #include "vzconv/utc_offset.h"
 
 namespace vzconv {

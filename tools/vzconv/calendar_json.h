@@ -6,12 +6,13 @@
 // once is an array.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "vzconv/calendar_record.h"
-#include "vzconv/json_object.h"
 
 namespace vzconv {
+
+struct JsonObject;
 
 // Adds what counts of `item`, as it would when it is written.
 void put_calendar(const CalendarItem& item, nlohmann::ordered_json& object);

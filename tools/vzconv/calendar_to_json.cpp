@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "vzconv/calendar_json.h"

@@ -8,6 +8,7 @@
 #include "vzconv/contact_parts.h"
 #include "vzconv/failure.h"
 #include "vzconv/json_fields.h"
+#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 #include "vzconv/member_id.h"
 #include "vzconv/readable.h"

@@ -7,7 +7,7 @@
 // among the entries of the lists `phones` and `addresses`, and among those of its own line or field.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "vzconv/contact_record.h"
 

@@ -1,4 +1,5 @@
 #include <map>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "vzconv/base64.h"

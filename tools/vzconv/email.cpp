@@ -1,6 +1,7 @@
 #include "vzconv/email.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <span>
 
 #include "vzapi/email.h"

@@ -2,18 +2,19 @@
 #pragma once
 
 #include <cstdint>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "vzconv/embedded_file.h"
-#include "vzconv/json_object.h"
 #include "vzconv/library.h"
 #include "vzconv/options.h"
 
 namespace vzconv {
+
+struct JsonObject;
 
 // How objects of one kind are converted. `text` is one object as the library takes it, but 8-bit text (or
 // bytes, see TextForm) for every kind. Each throws Failure.

@@ -2,7 +2,7 @@
 // "text" with the line ends that it has in the record, CR LF.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "vzconv/message_parts.h"
 

@@ -19,7 +19,7 @@
 // "number", "date", "text", "bytes" or none of them.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "vzapi/multimedia.h"

@@ -6,7 +6,7 @@
 // "data" says. All comes back that the record has.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "vzapi/multimedia.h"
 #include "vzconv/multimedia_record.h"
