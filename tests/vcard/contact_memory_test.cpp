@@ -298,7 +298,7 @@ TEST(ContactMemory, UnreadablePagesCountInARowOnly) {
         place(list, page.begin() + first_entry_in(page.behind()) * sizeof(ContactField), u"b");
         place(list, page.begin() + first_entry_in(last) * sizeof(ContactField), u"c");
         EXPECT_EQ(
-            written_list(list, page.begin(), 0x7FFFFFFF),
+            written_list(list, page.begin(), static_cast<std::uint32_t>(first_entry_in(last) + 1)),
             list.skips ? card({list.head + "a", list.head + "b", list.head + "c"}) : card({list.head + "a"}))
             << list.what;
     }
