@@ -13,7 +13,7 @@ namespace vzapi::bench {
 namespace {
 
 void count_bytes(benchmark::State& state, const std::string& text) {
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 
 void copy_and_scan(benchmark::State& state, const std::string& text) {
