@@ -47,12 +47,7 @@ char16_t unit_at(std::uintptr_t address) noexcept {
 bool is_readable(const void* address, std::size_t size) noexcept {
     const Pages pages = pages_of(address_of(address), size);
     if (pages.first >= pages.last) return pages.first == pages.last && is_readable(address);
-    for (std::uintptr_t page = pages.first; page <= pages.last;) {
-        const ReadablePages found = readable_pages_at(page_end(page));
-        if (found.none()) return false;
-        page = found.end;
-    }
-    return true;
+    return are_readable(pages.first, pages.last);
 }
 
 bool PointerProbe::known(std::uintptr_t page) const noexcept {

@@ -30,6 +30,9 @@ struct ReadablePages {
 // the border when the system tells that in the same breath.
 [[nodiscard]] ReadablePages readable_pages_at(std::uintptr_t address) noexcept;
 
+// True when all pages from the one at `first_page` to the one at `last_page`, another one, can be read.
+[[nodiscard]] bool are_readable(std::uintptr_t first_page, std::uintptr_t last_page) noexcept;
+
 // The same questions for the length of one call: a page found readable is not probed again while the object
 // lives, so that a record of a hundred strings does not cost a hundred system calls.
 class PointerProbe {

@@ -97,6 +97,21 @@ TEST(IsReadable, ARangeIsWhenAllItsPagesAre) {
     }
 }
 
+TEST(IsReadable, ARangeOfAnyNumberOfPagesIsUpToTheUnreadableOne) {
+    constexpr std::size_t kReadable = 8;
+    const GuardPage page(kReadable);
+    for (std::size_t first = 0; first < kReadable; ++first) {
+        for (std::size_t pages = 1; pages <= kReadable + 2; ++pages) {
+            const std::byte* begin = page.begin() + first * kPageSize + 1;
+            const std::size_t size = pages * kPageSize - 1;  // to the last byte of a page
+            const bool readable = first + pages <= kReadable;
+            EXPECT_EQ(is_readable(begin, size), readable) << first << " " << pages;
+            EXPECT_EQ(is_readable(begin, size - kPageSize + 1), readable) << first << " " << pages;
+            EXPECT_EQ(PointerProbe().readable(begin, size), readable) << first << " " << pages;
+        }
+    }
+}
+
 TEST(PointerProbe, TellsPagesApartThatShareASlot) {
     constexpr std::size_t kMany = 200;
     const GuardPage page(kMany);

@@ -19,4 +19,11 @@ ReadablePages readable_pages_at(std::uintptr_t address) noexcept {
     return {page, page + kPageSize};
 }
 
+bool are_readable(std::uintptr_t first_page, std::uintptr_t last_page) noexcept {
+    for (std::uintptr_t page = first_page; page < last_page; page += kPageSize) {
+        if (!is_readable(reinterpret_cast<const void*>(page))) return false;
+    }
+    return is_readable(reinterpret_cast<const void*>(last_page));
+}
+
 }  // namespace vzapi::platform
