@@ -11,7 +11,7 @@ target_compile_options(vzapi_compile_options INTERFACE
     $<$<CXX_COMPILER_ID:Clang>:-Wreserved-identifier>)
 if(VZAPI_SANITIZE)
     target_compile_options(vzapi_compile_options INTERFACE
-        -O1 -fsanitize=${VZAPI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -fsanitize=${VZAPI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(vzapi_compile_options INTERFACE -fsanitize=${VZAPI_SANITIZE})
     # A program in C brings the sanitizer runtime that the C++ of the library needs.
     if(CMAKE_C_COMPILER_ID STREQUAL "Clang")
