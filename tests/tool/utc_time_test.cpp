@@ -36,14 +36,19 @@ TEST(UtcTime, WhatIsNoTimeInUtcIsNone) {
         EXPECT_EQ(seconds_of_iso_utc(text), std::nullopt) << text;
 }
 
-TEST(UtcTime, ATimeSpanIsSaidInItsLargestUnit) {
+TEST(UtcTime, ATimeSpanIsSaidInUnitsThatPeopleCountIn) {
     EXPECT_EQ(seconds_in_words(0), "0 seconds");
     EXPECT_EQ(seconds_in_words(1), "1 second");
-    EXPECT_EQ(seconds_in_words(90), "90 seconds");
+    EXPECT_EQ(seconds_in_words(90), "1 minute 30 seconds");
     EXPECT_EQ(seconds_in_words(3600), "1 hour");
     EXPECT_EQ(seconds_in_words(259200), "3 days");
+    EXPECT_EQ(seconds_in_words(259199), "2 days 23 hours 59 minutes 59 seconds");
+    EXPECT_EQ(seconds_in_words(259201), "3 days 1 second");
+    EXPECT_EQ(seconds_in_words(604800), "1 week");
+    EXPECT_EQ(seconds_in_words(691200), "8 days");
     EXPECT_EQ(seconds_in_words(1209600), "2 weeks");
-    EXPECT_EQ(seconds_in_words(5400), "90 minutes");
+    EXPECT_EQ(seconds_in_words(UINT64_MAX), "213503982334601 days 7 hours 15 seconds");
+    EXPECT_EQ(seconds_in_words(5400), "1 hour 30 minutes");
 }
 
 }  // namespace

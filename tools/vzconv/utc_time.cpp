@@ -34,8 +34,8 @@ struct Unit {
     const char* name;
 };
 
-// Units that are said where they come out even.
-constexpr Unit kUnits[] = {{7 * kDay, "week"}, {kDay, "day"}, {kHour, "hour"}, {kMinute, "minute"}};
+constexpr uint64_t kWeek = 7 * kDay;  // said only where weeks come out even
+constexpr Unit kUnits[] = {{kDay, "day"}, {kHour, "hour"}, {kMinute, "minute"}, {1, "second"}};
 
 std::string counted(uint64_t count, const std::string& name) {
     return std::to_string(count) + " " + name + (count == 1 ? "" : "s");
@@ -67,10 +67,15 @@ std::string utc_in_words(uint64_t seconds) {
 }
 
 std::string seconds_in_words(uint64_t seconds) {
+    if (seconds == 0) return counted(0, "second");
+    if (seconds % kWeek == 0) return counted(seconds / kWeek, "week");
+    std::string words;
     for (const Unit& unit : kUnits) {
-        if (seconds != 0 && seconds % unit.seconds == 0) return counted(seconds / unit.seconds, unit.name);
+        const uint64_t count = seconds / unit.seconds;
+        seconds %= unit.seconds;
+        if (count != 0) words += (words.empty() ? "" : " ") + counted(count, unit.name);
     }
-    return counted(seconds, "second");
+    return words;
 }
 
 }  // namespace vzconv

@@ -17,7 +17,7 @@ std::optional<uint64_t> seconds_of_iso_utc(std::string_view text);
 // "Sun 4 March 2001, 10:20:30 UTC"; behind the year 9999 the seconds.
 std::string utc_in_words(uint64_t seconds);
 
-// How long something lasts: "3 days", "1 hour", "90 seconds".
+// How long something lasts: "2 weeks", "3 days", "1 hour 30 minutes".
 std::string seconds_in_words(uint64_t seconds);
 
 }  // namespace vzconv
