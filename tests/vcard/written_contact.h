@@ -1,9 +1,12 @@
 // Writing a contact of the test's own, and the texts to expect.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "call_context.h"
 #include "support/text.h"
@@ -56,6 +59,16 @@ inline constexpr Profile kNoProfile{0, 0, 0};
 // The text of a contact whose fields are `middle`.
 [[nodiscard]] inline std::string card(std::initializer_list<std::string_view> middle) {
     return lines({"BEGIN:VCARD", "VERSION:2.1"}) + lines(middle) + lines({"END:VCARD"});
+}
+
+struct WriteCase {
+    const char* what;
+    Contact contact;
+    std::string expected;
+};
+
+inline void expect_all(const std::vector<WriteCase>& cases) {
+    for (const WriteCase& row : cases) EXPECT_EQ(written(row.contact), row.expected) << row.what;
 }
 
 }  // namespace vzapi::test
