@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "mms/wsp_parameters.h"
 #include "versit/ascii.h"
 
 namespace vzapi::mms {
@@ -94,6 +95,15 @@ bool can_encode_header(const Header& header) {
     }
 }
 
+bool can_encode_head(const Part& part) {
+    const auto can_write_all = [](const std::vector<Parameter>& parameters) {
+        return std::all_of(parameters.begin(), parameters.end(), can_write);
+    };
+    return !part.type.media.empty() && can_write_all(part.type.parameters) &&
+           (!part.disposition || can_write_all(part.disposition->parameters)) &&
+           std::all_of(part.headers.begin(), part.headers.end(), can_encode_header);
+}
+
 std::byte* copy(Bytes bytes, std::byte* out) {
     return std::copy(bytes.begin(), bytes.end(), out);
 }
@@ -125,14 +135,13 @@ bool CMultipartContainer::can_encode(const std::vector<Part>& parts) {
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const Part& part = parts[i];
         const bool is_container = (part.flags & VZ_MMS_PART_CONTAINER) != 0;
-        if (part.type.media.empty() || part.container > i) return false;
+        if (!can_encode_head(part) || part.container > i) return false;
         if (is_container && !CMultipartContainer::is_container(part.type.media)) return false;
         if (part.container != 0) {
             if ((parts[part.container - 1].flags & VZ_MMS_PART_CONTAINER) == 0) return false;
             nesting[i] = nesting[part.container - 1] + 1;
         }
         if (is_container && nesting[i] >= kMostNesting) return false;
-        if (!std::all_of(part.headers.begin(), part.headers.end(), can_encode_header)) return false;
     }
     return true;
 }

@@ -346,8 +346,6 @@ void write_untyped(const Value& value, WspWriter& bytes) {
         case VZ_MMS_VALUE_NUMBER:
         case VZ_MMS_VALUE_DATE:
             return bytes.integer(value.number);
-        case VZ_MMS_VALUE_RAW:
-            return bytes.append(value.bytes);
         default:
             return write_unmistakable_text(value.text, bytes);
     }
@@ -368,15 +366,21 @@ void write_typed(ParameterForm form, const Value& value, WspWriter& bytes) {
     }
 }
 
-void write_parameter(const Parameter& parameter, WspWriter& bytes) {
+// The number that names what has no name; none for a name.
+std::optional<std::uint8_t> number_in_name(const Parameter& parameter) {
     const std::optional<std::uint32_t> number = number_of(kNamelessParameter, parameter.name);
-    if (number && *number <= kMostShort && parameter.value.kind == VZ_MMS_VALUE_RAW) {
-        bytes.short_integer(static_cast<std::uint8_t>(*number));
+    if (!number || *number > kMostShort) return std::nullopt;
+    return static_cast<std::uint8_t>(*number);
+}
+
+void write_parameter(const Parameter& parameter, WspWriter& bytes) {
+    if (parameter.value.kind == VZ_MMS_VALUE_RAW) {
+        bytes.short_integer(*number_in_name(parameter));
         bytes.append(parameter.value.bytes);
     } else if (const ParameterRow* row = row_for(parameter)) {
         bytes.short_integer(static_cast<std::uint8_t>(row->number));
         write_typed(row->form, parameter.value, bytes);
-    } else if (!parameter.name.empty()) {
+    } else {
         bytes.text_string(platform::utf16_to_utf8(parameter.name));
         write_untyped(parameter.value, bytes);
     }
@@ -434,6 +438,13 @@ void read_parameters(CWSPEncoding& bytes, ContentType& type) {
         if (!parameter || !bytes.take_entry()) return;
         add_parameter(*std::move(parameter), type);
     }
+}
+
+bool can_write(const Parameter& parameter) {
+    if (parameter.name.empty()) return false;
+    if (parameter.value.kind != VZ_MMS_VALUE_RAW) return true;
+    CWSPEncoding octets(parameter.value.bytes);
+    return number_in_name(parameter) && octets.skip_value() && octets.at_end();
 }
 
 bool write_media(std::u16string_view media, WspWriter& bytes) {

@@ -22,6 +22,10 @@ namespace vzapi::mms {
 void read_parameters(CWSPEncoding& bytes, std::vector<Parameter>& parameters);
 void read_parameters(CWSPEncoding& bytes, ContentType& type);
 
+// Raw octets are one value, and stand behind the number that their parameter is named by: anywhere else they would
+// be read as something else, or make something else of what follows.
+[[nodiscard]] bool can_write(const Parameter& parameter);
+
 // False for a media type that needs a length before it, whether parameters follow or not.
 [[nodiscard]] bool write_media(std::u16string_view media, WspWriter& bytes);
 void write_disposition_kind(std::u16string_view kind, WspWriter& bytes);

@@ -106,6 +106,22 @@ void MultimediaBuilder::parameter(std::u16string_view name, std::uint32_t kind, 
     lists_.back().parameters.push_back({kParameterSize, kind, own(name), content_of(number)});
 }
 
+void MultimediaBuilder::raw_parameter(std::u16string_view name, std::string_view bytes) {
+    MultimediaValue value{};
+    value.size = sizeof value;
+    value.bytes = own_bytes(bytes);
+    value.byteCount = static_cast<std::uint32_t>(bytes.size());
+    MultimediaContent content{};
+    content.record = own(value);
+    lists_.back().parameters.push_back({kParameterSize, VZ_MMS_VALUE_RAW, own(name), content});
+}
+
+void MultimediaBuilder::move_parameter_to_disposition() {
+    Lists& lists = lists_.back();
+    lists.disposition_parameters.push_back(lists.parameters.back());
+    lists.parameters.pop_back();
+}
+
 void MultimediaBuilder::disposition_parameter(std::u16string_view name, std::u16string_view text) {
     lists_.back().disposition_parameters.push_back(
         {kParameterSize, VZ_MMS_VALUE_TEXT, own(name), content_of(own(text))});

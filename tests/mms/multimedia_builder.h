@@ -32,6 +32,8 @@ public:
     [[nodiscard]] MultimediaPart& last() { return parts_.back(); }
     void parameter(std::u16string_view name, std::u16string_view text);
     void parameter(std::u16string_view name, std::uint32_t kind, std::uint64_t number);
+    void raw_parameter(std::u16string_view name, std::string_view bytes);
+    void move_parameter_to_disposition();  // the last one
     void disposition_parameter(std::u16string_view name, std::u16string_view text);
     void part_header(MultimediaHeader header);
 

@@ -132,6 +132,38 @@ const Refusal kRefusals[] = {
          b.part(u"text/plain", "");
          b.parameter(u"", u"x");
      }},
+    {"a raw parameter with a name",
+     [](MultimediaBuilder& b) {
+         b.part(u"text/plain", "");
+         b.raw_parameter(u"name", "\x85");
+     }},
+    {"a raw parameter beyond the numbers",
+     [](MultimediaBuilder& b) {
+         b.part(u"text/plain", "");
+         b.raw_parameter(u"0x80", "\x85");
+     }},
+    {"a raw parameter that swallows what follows",
+     [](MultimediaBuilder& b) {
+         b.part(u"text/plain", "");
+         b.raw_parameter(u"0x59", "\x05");
+     }},
+    {"a raw parameter with something behind it",
+     [](MultimediaBuilder& b) {
+         b.part(u"text/plain", "");
+         b.raw_parameter(u"0x59", "\x85\x86");
+     }},
+    {"a raw parameter without bytes",
+     [](MultimediaBuilder& b) {
+         b.part(u"text/plain", "");
+         b.raw_parameter(u"0x59", "");
+     }},
+    {"a raw parameter of a disposition with a name",
+     [](MultimediaBuilder& b) {
+         b.part(u"text/plain", "");
+         b.last().disposition = b.own(u"inline");
+         b.raw_parameter(u"name", "\x85");
+         b.move_parameter_to_disposition();
+     }},
     {"an unknown kind",
      [](MultimediaBuilder& b) {
          MultimediaValue value{};

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "mms/multimedia_builder.h"
@@ -159,6 +160,7 @@ private:
         if (maybe()) builder_.parameter(u"secure", VZ_MMS_VALUE_NONE, 0);
         if (maybe()) builder_.parameter(u"read-date", VZ_MMS_VALUE_DATE, number());
         if (maybe()) builder_.parameter(u"own", text(false));
+        if (maybe()) builder_.raw_parameter(u"0x59", maybe() ? "\xFF" : "\x02\x03\xFE");
         if (maybe()) part.name = builder_.own(text(false));
         if (container == 0) return;
         if (maybe()) part.contentId = builder_.own(text(false));
@@ -166,6 +168,10 @@ private:
         if (maybe()) {
             part.disposition = builder_.own(maybe() ? u"attachment" : u"own-kind");
             if (maybe()) builder_.disposition_parameter(u"filename", text(false));
+            if (maybe()) {
+                builder_.raw_parameter(u"0x7F", std::string_view("text\0", 5));
+                builder_.move_parameter_to_disposition();
+            }
         }
         if (maybe()) builder_.part_header(number_header(0x0C, below(128)));
         if (maybe()) {
