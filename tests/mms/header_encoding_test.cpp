@@ -95,6 +95,23 @@ TEST(HeaderEncoding, WhatAFormCannotHoldIsRefused) {
     for (const Header& row : rows) EXPECT_FALSE(encoded_block({row})) << testing::PrintToString(row);
 }
 
+// They have no place for a charset, so that it is guessed from the bytes.
+TEST(HeaderEncoding, CountedTextsComeBackWhateverTheirBytesLookLike) {
+    for (const char16_t* text : {u"a", u"\u00E9", u"\u00C3\u00A9", u"\u00C3\u00A9\u00E9", u"\u0416"}) {
+        for (const std::uint32_t charset : {0U, 4U, 106U}) {
+            const auto octets = encoded_block({mandatory_header(VZ_MMS_HEADER_TRANSACTION_ID),
+                                               mandatory_header(VZ_MMS_HEADER_VERSION),
+                                               mandatory_header(VZ_MMS_HEADER_RESPONSE_STATUS),
+                                               {VZ_MMS_HEADER_RESPONSE_TEXT, encoded(charset, text)}},
+                                              VZ_MMS_DELETE_CONF);
+            ASSERT_TRUE(octets);
+            const Decoded decoded(*octets);
+            ASSERT_TRUE(decoded.is_good);
+            EXPECT_EQ(decoded.message.headers.back().value.text, text) << charset;
+        }
+    }
+}
+
 TEST(HeaderEncoding, TextsEndAtTheirFirstNul) {
     const std::u16string_view text_with_nul(u"a\0b", 3);
     EXPECT_EQ(encoded_block({{VZ_MMS_HEADER_MESSAGE_ID, text(text_with_nul)},

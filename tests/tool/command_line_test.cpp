@@ -6,6 +6,8 @@
 #include <sstream>
 #include <streambuf>
 
+#include "support/failing_allocations.h"
+
 namespace vzconv {
 namespace {
 
@@ -54,6 +56,31 @@ TEST(CommandLine, ResultGoesToStandardOutputAndTheRestToStandardError) {
 
 TEST(CommandLine, AWarningIsNoFailure) {
     EXPECT_EQ(run_on({"json", "-"}, std::string("stray\n") + kText).status, kAllConverted);
+}
+
+// Not with JSON: its library allocates where it releases, and ends the program when that fails.
+TEST(CommandLine, NoFailedAllocationGoesUnsaid) {
+    using vzapi::test::FailingAllocations;
+    const std::vector<std::string> arguments = {"show", "-"};
+    const std::string expected = run_on(arguments, kText).out;
+    std::size_t said = 0;
+    for (std::size_t n = 1;; ++n) {
+        std::istringstream in(kText);
+        std::ostringstream out;
+        std::ostringstream err;
+        FailingAllocations failing(n, vzapi::test::Allocations::OperatorNew);
+        const int status = run(arguments, {in, out, err});
+        failing.stop();
+        if (!failing.failed()) break;
+        if (status == kAllConverted) {
+            EXPECT_EQ(out.str(), expected) << n;
+            continue;
+        }
+        EXPECT_EQ(status, kSomeFailed) << n;
+        EXPECT_NE(err.str(), "") << n;
+        said += err.str() == "vzconv: out of memory\n" ? 1 : 0;
+    }
+    EXPECT_GT(said, 0U);
 }
 
 TEST(CommandLine, AFullDiskEndsTheRunAtTheFirstByteThatIsLost) {

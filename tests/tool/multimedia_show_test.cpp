@@ -59,6 +59,21 @@ TEST(MultimediaShow, ThePresentationIsNamedAndNotPrinted) {
               "                   t\n");
 }
 
+TEST(MultimediaShow, ValuesThatCannotBeReadAndEmptyOnesAreSaidToBeSo) {
+    const LibrarySession session;
+    EXPECT_EQ(
+        shown(std::string(kHead) + R"(,{"header":"Cc","address":"5550101"},{"header":"Subject","text":""},)"
+                                   R"({"header":"X-Mms-Priority","kind":"raw","bytes":"fwA="}],)"
+                                   R"("parts":[{"contentType":"text/plain","text":"t"}])"),
+        "Multimedia message, sent\n"
+        "  From             (the sender's own address)\n"
+        "  Cc               5550101\n"
+        "  Subject          (empty)\n"
+        "  Priority         (unreadable, 2 bytes)\n"
+        "  Part 1           Part_1.1, text/plain, 1 byte\n"
+        "                   t\n");
+}
+
 TEST(MultimediaShow, ATextThatComesFirstIsNoPresentation) {
     const LibrarySession session;
     EXPECT_EQ(shown(std::string(kHead) +

@@ -295,6 +295,11 @@ def extract_cases(tool, cases, folder):
                        [b"GIF89a"] * 2)
     extract_and_expect(tool, cases, "extract a file that is not there", folder, ["missing.vcf"],
                        b"", [], b"missing.vcf: cannot be opened: No such file or directory\n")
+    (folder / "mixed.vcf").write_bytes(card.replace(b"2.1", b"4.2") % b"FN:X\r\n" + card % b"FN:Y\r\n")
+    extract_and_expect(tool, cases, "extract leaves out what cannot be read", folder, ["mixed.vcf"],
+                       b"files/Y.gif: image/gif, 6 bytes, from mixed.vcf:7\n", [b"GIF89a"],
+                       b"mixed.vcf:1: contact: the text is no object of this kind in a version that the library reads "
+                       b"(0x80800003)\n")
     (folder / "taken").write_bytes(b"a file")
     cases.expect_run("extract into a file", tool.run("extract", "-o", "taken", book.name, cwd=folder),
                      err=b"taken: the folder cannot be made: Not a directory\n", status=1)

@@ -86,8 +86,6 @@ std::string value_in_words(const ContactWord& word, const ContactField& entry) {
             return photo_in_words(*entry.value.photo);
         case ContactValueKind::Address:
             return address_in_lines(*entry.value.address);
-        case ContactValueKind::Messaging:
-            return text_of(entry.value.messaging->value.text);
         default:
             return text_of(entry.value.text);
     }

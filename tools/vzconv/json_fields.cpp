@@ -37,12 +37,6 @@ const nlohmann::json* JsonFields::array(const char* key) {
     return field;
 }
 
-const nlohmann::json* JsonFields::object(const char* key) {
-    const nlohmann::json* field = find(key);
-    if (field != nullptr && !field->is_object()) refuse_type(name_of(key), "an object", *field);
-    return field;
-}
-
 std::string JsonFields::name_of(const std::string& key) const {
     return nlohmann::json(place_ + key).dump();
 }

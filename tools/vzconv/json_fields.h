@@ -39,7 +39,6 @@ public:
     bool flag(const char* key);
 
     const nlohmann::json* array(const char* key);
-    const nlohmann::json* object(const char* key);
 
     // "place.key" in quotation marks, for messages.
     std::string name_of(const std::string& key) const;
