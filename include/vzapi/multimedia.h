@@ -365,7 +365,8 @@ typedef struct MultimediaParameter {
     uint32_t size;  /* 24 */
     uint32_t kind;  /* VZ_MMS_VALUE_NONE, _NUMBER, _DATE, _TEXT or _RAW */
     char16_t* name; /* "type", "start", "name", "filename" and so on, in lower case where it is a known one;
-                       with _RAW, which is what no known parameter has, its number: "0x59" */
+                       with _RAW, which is what no known parameter has, its number: "0x59". A raw parameter
+                       with a name, or whose bytes are not one value of WSP, is not written: 0x80100013 */
     MultimediaContent value;
 } MultimediaParameter;
 
