@@ -30,6 +30,7 @@ void read_parameters(CWSPEncoding& bytes, ContentType& type);
 [[nodiscard]] bool write_media(std::u16string_view media, WspWriter& bytes);
 void write_disposition_kind(std::u16string_view kind, WspWriter& bytes);
 void write_charset(std::uint32_t charset, WspWriter& bytes);  // nothing for none
+// REQUIRES: can_write() of each.
 void write_parameters(const std::vector<Parameter>& parameters, WspWriter& bytes);
 
 }  // namespace vzapi::mms
