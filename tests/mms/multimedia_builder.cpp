@@ -111,9 +111,7 @@ void MultimediaBuilder::raw_parameter(std::u16string_view name, std::string_view
     value.size = sizeof value;
     value.bytes = own_bytes(bytes);
     value.byteCount = static_cast<std::uint32_t>(bytes.size());
-    MultimediaContent content{};
-    content.record = own(value);
-    lists_.back().parameters.push_back({kParameterSize, VZ_MMS_VALUE_RAW, own(name), content});
+    lists_.back().parameters.push_back({kParameterSize, VZ_MMS_VALUE_RAW, own(name), content_of(own(value))});
 }
 
 void MultimediaBuilder::move_parameter_to_disposition() {
